@@ -1,0 +1,64 @@
+#include "app/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStringList>
+
+#include "app/file_filter.h"
+
+namespace quillet {
+
+namespace {
+
+QMessageBox::StandardButton standardButton(MessageBoxButton button) {
+    switch (button) {
+        case MessageBoxButton::Ok:
+            return QMessageBox::Ok;
+        case MessageBoxButton::Cancel:
+            return QMessageBox::Cancel;
+        case MessageBoxButton::Retry:
+            return QMessageBox::Retry;
+        case MessageBoxButton::Yes:
+            return QMessageBox::Yes;
+        case MessageBoxButton::No:
+            return QMessageBox::No;
+    }
+    return QMessageBox::Ok;
+}
+
+}  // namespace
+
+MessageBoxButton QtDialogs::messageBox(const std::string& text, const std::string& title,
+                                       int flags) {
+    const MessageBoxStyle style = messageBoxStyle(flags);
+    QMessageBox box(style.exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
+                    QString::fromStdString(title.empty() ? kApplicationTitle : title),
+                    QString::fromStdString(text), QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    for (MessageBoxButton button : style.buttons) box.addButton(standardButton(button));
+    box.setDefaultButton(standardButton(style.buttons.front()));
+    box.setEscapeButton(standardButton(escapeButton(style)));
+    if (style.systemModal) box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    const int pressed = box.exec();
+    for (MessageBoxButton button : style.buttons) {
+        if (pressed == standardButton(button)) return button;
+    }
+    return escapeButton(style);
+}
+
+std::string QtDialogs::openFile(const std::string& title, const std::string& folder,
+                                const std::string& filter) {
+    QStringList filters;
+    for (const std::string& entry : fileDialogFilters(filter)) {
+        filters << QString::fromStdString(entry);
+    }
+    const QString chosen =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), QString::fromStdString(title),
+                                     QString::fromStdString(folder), filters.join(";;"));
+    // The rest of the program builds paths with the platform's own separator.
+    return QDir::toNativeSeparators(chosen).toStdString();
+}
+
+}  // namespace quillet
