@@ -1,0 +1,71 @@
+#include "tools/program_lookup.h"
+
+#include "tools/command_words.h"
+
+namespace quillet {
+
+namespace {
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+std::optional<std::string> locate(const std::string& name, std::string_view searchPath,
+                                  const ExecutableTest& isExecutable) {
+    if (name.empty()) return std::nullopt;
+    if (name.find('/') != std::string::npos) {
+        if (isExecutable(name)) return name;
+        return std::nullopt;
+    }
+    std::size_t start = 0;
+    while (start <= searchPath.size()) {
+        std::size_t end = searchPath.find(':', start);
+        if (end == std::string_view::npos) end = searchPath.size();
+        // An empty entry of the search path stands for the current folder.
+        const std::string_view folder = end > start ? searchPath.substr(start, end - start) : ".";
+        const std::string candidate = std::string(folder) + "/" + name;
+        if (isExecutable(candidate)) return candidate;
+        start = end + 1;
+    }
+    return std::nullopt;
+}
+
+ProgramCall makeCall(std::string file, std::string written, std::string_view argumentText) {
+    ProgramCall call{std::move(file), {std::move(written)}};
+    for (std::string& word : splitArguments(argumentText))
+        call.arguments.push_back(std::move(word));
+    return call;
+}
+
+}  // namespace
+
+std::optional<ProgramCall> resolveProgram(std::string_view commandLine, std::string_view searchPath,
+                                          const ExecutableTest& isExecutable) {
+    std::size_t first = 0;
+    while (first < commandLine.size() && isBlank(commandLine[first])) ++first;
+    const std::string_view line = commandLine.substr(first);
+    if (line.empty()) return std::nullopt;
+
+    if (line.front() == '"') {
+        const std::size_t close = line.find('"', 1);
+        const std::string name(
+            line.substr(1, close == std::string_view::npos ? line.npos : close - 1));
+        const std::string_view rest =
+            close == std::string_view::npos ? std::string_view{} : line.substr(close + 1);
+        if (auto file = locate(name, searchPath, isExecutable)) return makeCall(*file, name, rest);
+        return std::nullopt;
+    }
+
+    // Every blank that ends a word is a place where the program name may end.
+    for (std::size_t end = 1; end <= line.size(); ++end) {
+        const bool wordEnds = end == line.size() || isBlank(line[end]);
+        if (!wordEnds || isBlank(line[end - 1])) continue;
+        const std::string name(line.substr(0, end));
+        if (auto file = locate(name, searchPath, isExecutable)) {
+            return makeCall(*file, name, line.substr(end));
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace quillet
