@@ -1,0 +1,170 @@
+// The child process on Windows: CreateProcessW, hidden and without a console window, standard
+// output and standard error both on one anonymous pipe, standard input on a pipe of our own.
+#ifdef _WIN32
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+#include <mutex>
+#include <utility>
+#include <vector>
+
+#include "tools/child_process.h"
+
+namespace quillet {
+
+namespace {
+
+// A kernel handle, closed when it goes.
+class Handle {
+public:
+    Handle() = default;
+    Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+    Handle& operator=(Handle&& other) noexcept {
+        reset(std::exchange(other.handle_, nullptr));
+        return *this;
+    }
+    ~Handle() { reset(); }
+    HANDLE get() const { return handle_; }
+    void reset(HANDLE handle = nullptr) {
+        if (handle_) ::CloseHandle(handle_);
+        handle_ = handle;
+    }
+
+private:
+    HANDLE handle_ = nullptr;
+};
+
+// Both ends of a new pipe; neither is inheritable until the caller says so.
+bool makePipe(Handle& readEnd, Handle& writeEnd) {
+    HANDLE readHandle = nullptr;
+    HANDLE writeHandle = nullptr;
+    if (!::CreatePipe(&readHandle, &writeHandle, nullptr, 0)) return false;
+    readEnd.reset(readHandle);
+    writeEnd.reset(writeHandle);
+    return true;
+}
+
+bool makeInheritable(const Handle& handle) {
+    return ::SetHandleInformation(handle.get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT) != 0;
+}
+
+// The command line is UTF-8 here; the wide form lets every file name through.
+std::wstring widen(const std::string& text) {
+    if (text.empty()) return {};
+    const int length = static_cast<int>(text.size());
+    const int wideLength = ::MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(wideLength), L'\0');
+    ::MultiByteToWideChar(CP_UTF8, 0, text.data(), length, wide.data(), wideLength);
+    return wide;
+}
+
+// Starts the command hidden, with exactly `input` and `output` inherited: a child that another
+// runner starts at the same moment receives neither, so each output ends when its own child does.
+bool createHidden(std::wstring commandLine, HANDLE input, HANDLE output,
+                  PROCESS_INFORMATION& process) {
+    SIZE_T size = 0;
+    ::InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+    std::vector<char> storage(size);
+    auto* attributes = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(storage.data());
+    if (!::InitializeProcThreadAttributeList(attributes, 1, 0, &size)) return false;
+
+    HANDLE inherited[] = {input, output};
+    bool created = false;
+    if (::UpdateProcThreadAttribute(attributes, 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, inherited,
+                                    sizeof inherited, nullptr, nullptr)) {
+        STARTUPINFOEXW startup{};
+        startup.StartupInfo.cb = sizeof startup;
+        startup.StartupInfo.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
+        startup.StartupInfo.wShowWindow = SW_HIDE;
+        startup.StartupInfo.hStdInput = input;
+        startup.StartupInfo.hStdOutput = output;
+        startup.StartupInfo.hStdError = output;
+        startup.lpAttributeList = attributes;
+        const DWORD flags = NORMAL_PRIORITY_CLASS | CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT;
+        created = ::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, flags,
+                                   nullptr, nullptr, &startup.StartupInfo, &process) != 0;
+    }
+    ::DeleteProcThreadAttributeList(attributes);
+    return created;
+}
+
+}  // namespace
+
+struct ChildProcess::Native {
+    Handle process;
+    Handle output;  // our end of the child's standard output and standard error
+    Handle input;   // our end of the child's standard input, never blocking
+    std::mutex mutex;
+    bool ended = false;
+};
+
+std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine) {
+    auto native = std::make_unique<Native>();
+    Handle childOutput;
+    Handle childInput;
+    if (!makePipe(native->output, childOutput) || !makePipe(childInput, native->input) ||
+        !makeInheritable(childOutput) || !makeInheritable(childInput)) {
+        return nullptr;
+    }
+    // A stop request must never hang on a child that does not read its input.
+    DWORD noWait = PIPE_NOWAIT;
+    ::SetNamedPipeHandleState(native->input.get(), &noWait, nullptr, nullptr);
+
+    PROCESS_INFORMATION process{};
+    const bool created =
+        createHidden(widen(commandLine), childInput.get(), childOutput.get(), process);
+    // Our copies of the child's ends go at once, so that the output ends when the child's does.
+    childOutput.reset();
+    childInput.reset();
+    if (!created) return nullptr;
+    ::CloseHandle(process.hThread);
+    native->process.reset(process.hProcess);
+    return std::shared_ptr<ChildProcess>(new ChildProcess(std::move(native)));
+}
+
+ChildProcess::ChildProcess(std::unique_ptr<Native> native) : native_(std::move(native)) {}
+
+ChildProcess::~ChildProcess() = default;
+
+std::size_t ChildProcess::read(char* buffer, std::size_t capacity) {
+    // A child's empty write arrives as a successful read of nothing; only a failed read (normally
+    // the broken pipe once the child has gone) ends the output.
+    for (;;) {
+        DWORD count = 0;
+        if (!::ReadFile(native_->output.get(), buffer, static_cast<DWORD>(capacity), &count,
+                        nullptr)) {
+            return 0;
+        }
+        if (count > 0) return count;
+    }
+}
+
+void ChildProcess::awaitExit() {
+    {
+        // A child that lingers after its output has ended may be waiting for its input to end.
+        std::lock_guard lock(native_->mutex);
+        native_->input.reset();
+    }
+    ::WaitForSingleObject(native_->process.get(), INFINITE);
+    std::lock_guard lock(native_->mutex);
+    native_->ended = true;
+}
+
+void ChildProcess::askToStop() {
+    std::lock_guard lock(native_->mutex);
+    if (native_->ended || !native_->input.get()) return;
+    DWORD written = 0;
+    ::WriteFile(native_->input.get(), "q", 1, &written, nullptr);
+}
+
+void ChildProcess::forceEnd() {
+    std::lock_guard lock(native_->mutex);
+    if (!native_->ended) ::TerminateProcess(native_->process.get(), 1);
+}
+
+}  // namespace quillet
+
+#endif  // _WIN32

@@ -1,0 +1,4 @@
+// child_silent: writes nothing and exits at once.
+int main() {
+    return 0;
+}
