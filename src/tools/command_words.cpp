@@ -2,13 +2,9 @@
 
 namespace quillet {
 
-namespace {
-
-bool isBlank(char c) {
+bool isWordSeparator(char c) {
     return c == ' ' || c == '\t';
 }
-
-}  // namespace
 
 std::vector<std::string> splitArguments(std::string_view argumentText) {
     std::vector<std::string> words;
@@ -46,7 +42,7 @@ std::vector<std::string> splitArguments(std::string_view argumentText) {
                 quoted = !quoted;
                 ++i;
             }
-        } else if (isBlank(c) && !quoted) {
+        } else if (isWordSeparator(c) && !quoted) {
             if (inWord) words.push_back(std::move(word));
             word.clear();
             inWord = false;

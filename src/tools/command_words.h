@@ -6,6 +6,9 @@
 
 namespace quillet {
 
+// The blanks that separate the words of a command line: space and tab.
+bool isWordSeparator(char c);
+
 // The argument words of a command line, split as a Windows program splits the text that follows
 // its program name: blanks separate words, double quotes group, backslashes count only right before
 // a double quote. This is how the tool command lines, written for Windows, reach a child here.

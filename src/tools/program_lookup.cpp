@@ -6,10 +6,6 @@ namespace quillet {
 
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
 std::optional<std::string> locate(const std::string& name, std::string_view searchPath,
                                   const ExecutableTest& isExecutable) {
     if (name.empty()) return std::nullopt;
@@ -42,7 +38,7 @@ ProgramCall makeCall(std::string file, std::string written, std::string_view arg
 std::optional<ProgramCall> resolveProgram(std::string_view commandLine, std::string_view searchPath,
                                           const ExecutableTest& isExecutable) {
     std::size_t first = 0;
-    while (first < commandLine.size() && isBlank(commandLine[first])) ++first;
+    while (first < commandLine.size() && isWordSeparator(commandLine[first])) ++first;
     const std::string_view line = commandLine.substr(first);
     if (line.empty()) return std::nullopt;
 
@@ -58,8 +54,8 @@ std::optional<ProgramCall> resolveProgram(std::string_view commandLine, std::str
 
     // Every blank that ends a word is a place where the program name may end.
     for (std::size_t end = 1; end <= line.size(); ++end) {
-        const bool wordEnds = end == line.size() || isBlank(line[end]);
-        if (!wordEnds || isBlank(line[end - 1])) continue;
+        const bool wordEnds = end == line.size() || isWordSeparator(line[end]);
+        if (!wordEnds || isWordSeparator(line[end - 1])) continue;
         const std::string name(line.substr(0, end));
         if (auto file = locate(name, searchPath, isExecutable)) {
             return makeCall(*file, name, line.substr(end));

@@ -30,16 +30,13 @@ void RunningCommands::endAll(std::function<void()> whenAllEnded) {
         callWhenAllEnded();
         return;
     }
-    for (DOSOutputs* runner : executing_) runner->StopChild();
-    if (!graceTimer_.isActive()) graceTimer_.start(gracePeriod_);
+    for (DOSOutputs* runner : executing_) stopNowKillLater(*runner);
 }
 
 void RunningCommands::executionChanged(DOSOutputs& runner, bool executing) {
     if (executing) {
         executing_.push_back(&runner);
-        if (whenAllEnded_.empty()) return;
-        runner.StopChild();
-        if (!graceTimer_.isActive()) graceTimer_.start(gracePeriod_);
+        if (!whenAllEnded_.empty()) stopNowKillLater(runner);
         return;
     }
     std::erase(executing_, &runner);
@@ -49,6 +46,11 @@ void RunningCommands::executionChanged(DOSOutputs& runner, bool executing) {
     QTimer::singleShot(0, &graceTimer_, [this] {
         if (executing_.empty()) callWhenAllEnded();
     });
+}
+
+void RunningCommands::stopNowKillLater(DOSOutputs& runner) {
+    runner.StopChild();
+    if (!graceTimer_.isActive()) graceTimer_.start(gracePeriod_);
 }
 
 void RunningCommands::callWhenAllEnded() {

@@ -31,6 +31,7 @@ public:
 
 private:
     void executionChanged(DOSOutputs& runner, bool executing);
+    void stopNowKillLater(DOSOutputs& runner);
     void callWhenAllEnded();
 
     std::chrono::milliseconds gracePeriod_;
