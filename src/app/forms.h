@@ -7,6 +7,7 @@
 
 #include "app/dialogs.h"
 #include "app/program_state.h"
+#include "tools/running_commands.h"
 
 namespace quillet {
 
@@ -43,6 +44,8 @@ public:
 
     ProgramState& state() { return state_; }
     Dialogs& dialogs() { return dialogs_; }
+    // Every window's command runner comes from here, so that the program can end its children.
+    RunningCommands& runningCommands() { return runningCommands_; }
 
     Form1& form1();
     Form4& form4();
@@ -70,6 +73,7 @@ private:
 
     ProgramState& state_;
     Dialogs& dialogs_;
+    RunningCommands runningCommands_;
     std::array<QPointer<QWidget>, static_cast<std::size_t>(FormId::Count)> slots_;
     // Every window ever loaded, so that none outlives the registry.
     std::vector<QPointer<QWidget>> created_;

@@ -3,6 +3,7 @@
 #include "app/forms.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
+#include "app/waits.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -22,5 +23,7 @@ int main(int argc, char** argv) {
     quillet::ProgramState state;
     quillet::Forms forms(state, *dialogs);
     quillet::runStartup(forms);
+    // The main window may already have been closed while start-up waited.
+    if (quillet::programEnding()) return 0;
     return QApplication::exec();
 }

@@ -1,7 +1,6 @@
 #include "app/program_end.h"
 
 #include <QCoreApplication>
-#include <QTimer>
 
 #include "app/forms.h"
 #include "app/waits.h"
@@ -12,7 +11,7 @@ void endProgram(Forms& forms) {
     if (programEnding()) return;
     markProgramEnding();
     forms.unloadAll();
-    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+    forms.runningCommands().endAll([] { QCoreApplication::quit(); });
 }
 
 }  // namespace quillet

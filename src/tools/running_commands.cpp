@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "tools/dos_outputs.h"
+#include "tools/event_loop_output_waiter.h"
 
 namespace quillet {
 
@@ -18,6 +19,12 @@ void RunningCommands::adopt(DOSOutputs& runner) {
     runner.ExecutionChanged = [this, &runner](bool executing) {
         executionChanged(runner, executing);
     };
+}
+
+std::unique_ptr<DOSOutputs> RunningCommands::newRunner() {
+    auto runner = std::make_unique<DOSOutputs>(std::make_shared<EventLoopOutputWaiter>());
+    adopt(*runner);
+    return runner;
 }
 
 std::size_t RunningCommands::count() const {

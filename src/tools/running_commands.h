@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace quillet {
@@ -19,6 +20,10 @@ public:
 
     // Follows the runs of `runner` from now on (it takes the runner's ExecutionChanged).
     void adopt(DOSOutputs& runner);
+
+    // A runner for a window: it waits in a local event loop, so the windows stay responsive
+    // while it runs, and it is followed from the start.
+    std::unique_ptr<DOSOutputs> newRunner();
 
     // How many followed runners are executing a command now.
     std::size_t count() const;
