@@ -19,7 +19,7 @@ void handlePendingEvents() {
 void waitHandlingEvents(std::chrono::milliseconds duration) {
     if (ending) return;
     QEventLoop loop;
-    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
+    QTimer::singleShot(duration, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     runningWaits.push_back(&loop);
     loop.exec();
     std::erase(runningWaits, &loop);
