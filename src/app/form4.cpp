@@ -36,12 +36,14 @@ Form4::Form4(Forms& forms)
       forms_(forms) {
     setObjectName("Form4");
     setFixedSize(twipsToPixels(kWidthTwips), twipsToPixels(kHeightTwips));
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, Qt::white);
+    setPalette(palette);
+    setAutoFillBackground(true);
     setStyleSheet(
-        "#Form4 { background: rgb(255, 255, 255); }"
         "QLabel { color: rgb(38, 56, 80); }"
         "QLabel#Label1 { color: rgb(16, 63, 145); }"
         "QFrame#Shape1 { border: 2px solid rgb(16, 63, 145); }");
-    setAttribute(Qt::WA_StyledBackground);
 
     Shape1 = new QFrame(this);
     Shape1->setObjectName("Shape1");
