@@ -81,9 +81,10 @@ void Form4::Form_Load() {
     }
     setWindowOpacity(1.0);
     Shape1->setGeometry(2, 2, width() - 4, height() - 4);
-    Form1& form1 = forms_.form1();
+    forms_.form1();
     waitHandlingEvents(std::chrono::seconds(1));
-    if (forms_.isLoaded(FormId::Form1)) form1.show();
+    // The main window may have gone during the wait (the program ending); it is not brought back.
+    if (forms_.isLoaded(FormId::Form1)) forms_.form1().show();
 }
 
 void Form4::centre() {
