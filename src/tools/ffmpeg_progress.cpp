@@ -1,0 +1,95 @@
+#include "tools/ffmpeg_progress.h"
+
+#include <algorithm>
+#include <cctype>
+#include <limits>
+
+namespace quillet {
+
+namespace {
+
+// Where `key` first stands in `text`, letter case ignored.
+std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key) {
+    const auto found =
+        std::search(text.begin(), text.end(), key.begin(), key.end(), [](char a, char b) {
+            return std::tolower(static_cast<unsigned char>(a)) ==
+                   std::tolower(static_cast<unsigned char>(b));
+        });
+    if (found == text.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - text.begin());
+}
+
+// Up to `length` characters from `start`, fewer at the end of the text.
+std::string_view cut(std::string_view text, std::size_t start, std::size_t length) {
+    if (start >= text.size()) return {};
+    return text.substr(start, length);
+}
+
+std::string_view trimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+// The 15 characters that start at `key`, from their 6th character on, `length` of them: the
+// field behind "speed" ("=1.23x") or behind "size=" ("    2048").
+std::optional<std::string> field(std::string_view piece, std::string_view key, std::size_t length) {
+    const auto at = findIgnoringCase(piece, key);
+    if (!at) return std::nullopt;
+    return std::string(cut(cut(piece, *at, 15), 5, length));
+}
+
+}  // namespace
+
+ProgressReading readProgressPiece(std::string_view piece, bool withTime, ProgramState& state,
+                                  const FormatLocale& locale) {
+    // ffmpeg writes its numbers with "." whatever the user's language.
+    const FormatLocale ffmpegNumbers;
+    ProgressReading reading;
+    const auto videoSeconds = parseNumber(state.VideoSeconds, locale);
+
+    std::optional<int> pieceSeconds;
+    if (withTime) {
+        if (const auto at = findIgnoringCase(piece, "time")) {
+            reading.timeSeen = true;
+            // "time=00:01:23.45" gives "00:01:23"; "creation_time   : ..." gives no time at all.
+            pieceSeconds = parseClockSeconds(cut(piece, *at + 5, 8));
+            state.EncodedSeconds = pieceSeconds.value_or(0);
+            reading.barMaximum = videoSeconds;
+        }
+    }
+
+    std::string speedText;
+    if (auto speed = field(piece, "speed", 6)) {
+        std::replace(speed->begin(), speed->end(), '=', ' ');
+        speedText = *speed;
+    }
+
+    if (const auto size = field(piece, "size=", 8)) {
+        const auto kilobytes = parseNumber(*size, ffmpegNumbers);
+        const auto megabytes =
+            kilobytes ? formatNumber(*kilobytes / 1024, kThousandsPattern, locale) : std::nullopt;
+        // A field that is no number ("N/A time") is shown as it stands.
+        reading.writtenText = "Writen: " + megabytes.value_or(*size) + "Mb";
+    }
+
+    const std::string_view level = trimBlanks(cut(trimBlanks(speedText), 0, 2));
+    if (const auto speed = parseInt16(level, ffmpegNumbers)) state.SpeedLevel = *speed;
+    if (state.SpeedLevel > std::numeric_limits<std::int16_t>::min()) --state.SpeedLevel;
+
+    reading.barValue = state.EncodedSeconds;
+    if (withTime && videoSeconds && *videoSeconds != 0) {
+        const auto percent =
+            formatNumber(pieceSeconds.value_or(0) / (*videoSeconds / 100), kPercentPattern, locale);
+        if (percent && *percent != formatNumber(0, kPercentPattern, locale)) {
+            reading.percentText = percent;
+        }
+    }
+    return reading;
+}
+
+std::string progressCaption(const std::string& percentText) {
+    return "Compression Progress " + percentText + "% Completed";
+}
+
+}  // namespace quillet
