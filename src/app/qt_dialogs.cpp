@@ -1,10 +1,12 @@
 #include "app/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QStringList>
+#include <QUrl>
 
 #include "app/file_filter.h"
 
@@ -59,6 +61,12 @@ std::string QtDialogs::openFile(const std::string& title, const std::string& fol
                                      QString::fromStdString(folder), filters.join(";;"));
     // The rest of the program builds paths with the platform's own separator.
     return QDir::toNativeSeparators(chosen).toStdString();
+}
+
+void QtDialogs::openExternally(const std::string& pathOrAddress) {
+    const QString target = QString::fromStdString(pathOrAddress);
+    const bool isAddress = target.startsWith("http://") || target.startsWith("https://");
+    QDesktopServices::openUrl(isAddress ? QUrl(target) : QUrl::fromLocalFile(target));
 }
 
 }  // namespace quillet

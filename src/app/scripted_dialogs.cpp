@@ -57,6 +57,10 @@ std::string ScriptedDialogs::openFile(const std::string& title, const std::strin
     return answer;
 }
 
+void ScriptedDialogs::openExternally(const std::string& pathOrAddress) {
+    record({"open externally", pathOrAddress, {}, 0, {}});
+}
+
 void ScriptedDialogs::record(Shown entry) {
     if (log_) {
         *log_ << entry.kind << " [" << entry.flags << "] \"" << entry.title << "\": \""

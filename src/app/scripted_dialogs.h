@@ -15,8 +15,8 @@ namespace quillet {
 class ScriptedDialogs : public Dialogs {
 public:
     struct Shown {
-        std::string kind;  // "message box" or "open file"
-        std::string text;  // message text, or the filter of a file dialog
+        std::string kind;  // "message box", "open file" or "open externally"
+        std::string text;  // message text, the filter of a file dialog, or what was opened
         std::string title;
         int flags = 0;
         std::string folder;
@@ -35,6 +35,7 @@ public:
                                 int flags) override;
     std::string openFile(const std::string& title, const std::string& folder,
                          const std::string& filter) override;
+    void openExternally(const std::string& pathOrAddress) override;
 
 private:
     void record(Shown entry);
