@@ -9,17 +9,9 @@
 #include "app/forms.h"
 #include "app/qt_dialogs.h"
 #include "app/scripted_dialogs.h"
-#include "app/twips.h"
 #include "main/form1.h"
 
 namespace quillet {
-
-namespace {
-
-constexpr int kMainWidthTwips = 8870;
-constexpr int kMainHeightTwips = 12510;
-
-}  // namespace
 
 std::unique_ptr<Dialogs> programDialogs() {
     if (qEnvironmentVariableIsSet("QUILLET_SCRIPTED_DIALOGS")) {
@@ -48,10 +40,7 @@ void runStartup(Forms& forms) {
         splash->centre();
         splash->raise();
     }
-    if (forms.isLoaded(FormId::Form1)) {
-        forms.form1().setOuterSize(
-            {twipsToPixels(kMainWidthTwips), twipsToPixels(kMainHeightTwips)});
-    }
+    if (forms.isLoaded(FormId::Form1)) forms.form1().prepareAtStartup();
 }
 
 }  // namespace quillet

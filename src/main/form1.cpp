@@ -1,11 +1,57 @@
 #include "main/form1.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QTime>
 
 #include "app/forms.h"
 #include "app/program_end.h"
+#include "app/qt_format_locale.h"
+#include "app/twips.h"
+#include "app/waits.h"
+#include "main/compression_settings.h"
+#include "main/hover_effects.h"
+#include "main/label_looks.h"
+#include "main/option_array.h"
+#include "main/slider_tables.h"
+#include "main/speed_cell_row.h"
+#include "main/system_menu.h"
+#include "main/target_size.h"
+#include "main/xp_slider.h"
 
 namespace quillet {
+
+namespace {
+
+constexpr int kOuterWidthTwips = 8870;
+constexpr int kOuterHeightTwips = 12510;
+
+// Status-strip captions of the method items, by index.
+constexpr std::array<const char*, 4> kMethodCaptions = {"Method: Target Size", "Method: CRF",
+                                                        "Method: ABR", "Method: QP"};
+// What the sample-rate items store, by index.
+constexpr std::array<const char*, 2> kSampleRates = {"44100", "48000"};
+
+// Numbers are shown with the separators of the user's language.
+FormatLocale shownLocale() {
+    return formatLocale(QLocale());
+}
+
+std::string textOf(const QLabel* label) {
+    return label->text().toStdString();
+}
+std::string textOf(const QLineEdit* box) {
+    return box->text().toStdString();
+}
+
+void showText(QLabel* label, const std::string& text) {
+    label->setText(QString::fromStdString(text));
+}
+
+}  // namespace
 
 Form1::Form1(Forms& forms) : QMainWindow(nullptr), forms_(forms) {
     setObjectName("Form1");
@@ -14,9 +60,35 @@ Form1::Form1(Forms& forms) : QMainWindow(nullptr), forms_(forms) {
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint |
                    Qt::MSWindowsFixedSizeDialogHint);
+    QPalette colours = palette();
+    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        colours.setColor(group, QPalette::WindowText, kNormalText);
+        colours.setColor(group, QPalette::Text, kNormalText);
+    }
+    setPalette(colours);
+
+    auto* surface = new QWidget(this);
+    surface->setObjectName("surface");
+    setCentralWidget(surface);
+    c_ = buildForm1Controls(surface);
+    // A method needs a source video: the items become available once one is chosen.
+    c_.xpOption1->setItemsEnabled(false);
+
+    setUpTimers();
+    connectHandlers();
+    auto* hover = new HoverEffects(surface);
+    hover->watch(c_.Label21, Timer2, true);
+    for (QLabel* label : c_.hoverCaptions) hover->watch(label, Timer7);
+    for (QLabel* label : c_.valueLabels) hover->watch(label, Timer7);
 }
 
-void Form1::Form_Load() {}
+void Form1::Form_Load() {
+    for (QTimer* timer : {&Timer1, &Timer2, &Timer3, &Timer5, &Timer7, &Timer10, &Timer11}) {
+        timer->stop();
+    }
+    Timer9.start();
+    forms_.state().PresetName = "veryfast";
+}
 
 void Form1::setOuterSize(QSize outer) {
     // The frame is known only once the window is on screen; before that it counts as zero.
@@ -24,13 +96,299 @@ void Form1::setOuterSize(QSize outer) {
     setFixedSize(outer - frame);
 }
 
+void Form1::prepareAtStartup() {
+    setOuterSize({twipsToPixels(kOuterWidthTwips), twipsToPixels(kOuterHeightTwips)});
+    // The target size stays chosen; the other methods show unselected.
+    for (int index = 1; index < c_.xpOption1->count(); ++index) c_.xpOption1->deselect(index);
+    for (XpSlider* slider : {c_.xpSlider2, c_.xpSlider3, c_.xpSlider4, c_.xpSlider5, c_.xpSlider6,
+                             c_.xpSlider7, c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {
+        slider->setEnabled(false);
+    }
+}
+
+void Form1::enableMethodItems() {
+    c_.xpOption1->setItemsEnabled(true);
+}
+
+void Form1::clearMethodSelection() {
+    c_.xpOption1->clearSelection();
+}
+
+void Form1::CompressionVars() {
+    ProgramState& state = forms_.state();
+    c_.Text3->setText(QString::fromStdString(formatTime12Hour(timeOfDay(QTime::currentTime()))));
+    showHighlighted(c_.Text3, true);
+    Timer8.start();
+
+    ShownSettings shown;
+    for (int index = 0; index < c_.xpOption1->count(); ++index) {
+        shown.methodSelected[static_cast<std::size_t>(index)] = c_.xpOption1->isSelected(index);
+    }
+    shown.targetSize = textOf(c_.Text7);
+    shown.videoSeconds = textOf(c_.Text8);
+    shown.videoBitRate = textOf(c_.Text10);
+    shown.crf = textOf(c_.Label12);
+    shown.abrValue = textOf(c_.Label30);
+    shown.minRateValue = textOf(c_.Label35);
+    shown.minRateUnit = textOf(c_.Label39);
+    shown.maxRateValue = textOf(c_.Label36);
+    shown.maxRateUnit = textOf(c_.Label40);
+    shown.bufferValue = textOf(c_.Label45);
+    shown.bufferUnit = textOf(c_.Label46);
+    shown.qp = textOf(c_.Label33);
+    shown.audioBitRate = textOf(c_.Label14);
+    shown.preset = textOf(c_.Label9);
+    copyShownSettings(shown, state, shownLocale());
+}
+
+void Form1::CompressionSpeedDisplay(int ProcSpeed) {
+    c_.Label8->apply(speedDisplay(ProcSpeed));
+}
+
+void Form1::ZeroSpeed() {
+    Forms::Busy busy(this);
+    handlePendingEvents();
+    c_.Label8->showAllNormal();
+}
+
+void Form1::setSpeedDisplayRunning(bool running) {
+    if (running) {
+        Timer1.start();
+    } else {
+        Timer1.stop();
+    }
+}
+
 void Form1::closeEvent(QCloseEvent* event) {
     event->ignore();
     Form_QueryUnload();
 }
 
+void Form1::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!systemMenuTrimmed_) {
+        removeSizeAndMaximizeFromSystemMenu(*this);
+        systemMenuTrimmed_ = true;
+    }
+}
+
 void Form1::Form_QueryUnload() {
     endProgram(forms_);
+}
+
+void Form1::connectHandlers() {
+    connect(c_.xpOption1, &OptionArray::Click, this, &Form1::xpOption1_Click);
+    connect(c_.Option1, &OptionArray::Click, this, &Form1::Option1_Click);
+    const std::array<std::pair<XpSlider*, void (Form1::*)()>, 10> sliders = {{
+        {c_.xpSlider1, &Form1::xpSlider1_ValueChanged},
+        {c_.xpSlider2, &Form1::xpSlider2_ValueChanged},
+        {c_.xpSlider3, &Form1::xpSlider3_ValueChanged},
+        {c_.xpSlider4, &Form1::xpSlider4_ValueChanged},
+        {c_.xpSlider5, &Form1::xpSlider5_ValueChanged},
+        {c_.xpSlider6, &Form1::xpSlider6_ValueChanged},
+        {c_.xpSlider7, &Form1::xpSlider7_ValueChanged},
+        {c_.xpSlider8, &Form1::xpSlider8_ValueChanged},
+        {c_.xpSlider9, &Form1::xpSlider9_ValueChanged},
+        {c_.xpSlider10, &Form1::xpSlider10_ValueChanged},
+    }};
+    for (const auto& [slider, handler] : sliders) {
+        connect(slider, &XpSlider::ValueChanged, this, handler);
+    }
+    // Whoever writes the source size or running time, the target-size arithmetic follows.
+    connect(c_.Text6, &QLineEdit::textChanged, this, &Form1::Text6_Change);
+    connect(c_.Text8, &QLineEdit::textChanged, this, &Form1::Text8_Change);
+}
+
+void Form1::setUpTimers() {
+    // A one-shot timer puts the normal colour back on what it looks after, then stops.
+    const auto restores = [this](QTimer& timer, int interval, std::vector<QWidget*> widgets) {
+        timer.setInterval(interval);
+        timer.setSingleShot(true);
+        connect(&timer, &QTimer::timeout, this, [widgets] {
+            for (QWidget* widget : widgets) showHighlighted(widget, false);
+        });
+    };
+    const std::vector<QWidget*> statusCells(c_.Label26.begin(), c_.Label26.end());
+    std::vector<QWidget*> values(c_.valueLabels.begin(), c_.valueLabels.end());
+    values.insert(values.end(), {c_.Text7, c_.Text10});
+
+    Timer1.setInterval(100);
+    connect(&Timer1, &QTimer::timeout, this, &Form1::Timer1_Timer);
+    Timer2.setInterval(500);
+    Timer2.setSingleShot(true);
+    Timer3.setInterval(250);
+    restores(Timer4, 500, statusCells);
+    restores(Timer5, 500, {c_.status(StatusCell::Method)});
+    restores(Timer6, 500, {c_.status(StatusCell::SampleRate)});
+    Timer7.setInterval(800);
+    Timer7.setSingleShot(true);
+    restores(Timer8, 350, {c_.Text1, c_.Text3, c_.Text6, c_.Text8, c_.Label3});
+    Timer9.setInterval(250);
+    connect(&Timer9, &QTimer::timeout, this, &Form1::Timer9_Timer);
+    restores(Timer10, 250, values);
+    Timer11.setInterval(1000);
+    Timer12.setInterval(1000);
+    restores(Timer13, 250, statusCells);
+}
+
+void Form1::xpOption1_Click(int index) {
+    for (XpSlider* slider : {c_.xpSlider2, c_.xpSlider4, c_.xpSlider5, c_.xpSlider6, c_.xpSlider7,
+                             c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {
+        slider->setEnabled(false);
+    }
+    switch (index) {
+        case 0:
+            c_.xpSlider4->setEnabled(true);
+            break;
+        case 1:
+            c_.xpSlider2->setEnabled(true);
+            break;
+        case 2:
+            for (XpSlider* slider : {c_.xpSlider5, c_.xpSlider7, c_.xpSlider8, c_.xpSlider10}) {
+                slider->setEnabled(true);
+            }
+            break;
+        case 3:
+            c_.xpSlider6->setEnabled(true);
+            c_.xpSlider9->setEnabled(true);
+            break;
+        default:
+            return;
+    }
+    c_.xpSlider1->setEnabled(true);
+    c_.xpSlider3->setEnabled(true);
+    flashStatus(StatusCell::Method, kMethodCaptions[static_cast<std::size_t>(index)], Timer5);
+}
+
+void Form1::Option1_Click(int index) {
+    const std::string rate = kSampleRates.at(static_cast<std::size_t>(index));
+    forms_.state().SampleRate = rate;
+    flashStatus(StatusCell::SampleRate, QString::fromStdString(rate + "Hz"), Timer6);
+}
+
+void Form1::xpSlider1_ValueChanged() {
+    const std::string name = presetName(c_.xpSlider1->value());
+    showText(c_.Label9, name);
+    forms_.state().PresetName = name;
+    flashValues({c_.Label9});
+}
+
+void Form1::xpSlider2_ValueChanged() {
+    c_.Label12->setNum(c_.xpSlider2->value());
+    flashValues({c_.Label12});
+}
+
+void Form1::xpSlider3_ValueChanged() {
+    showText(c_.Label14, audioBitRateText(c_.xpSlider3->value()));
+    c_.Label16->setText("k");
+    flashValues({c_.Label14});
+    // The video gets what the audio leaves of the target size.
+    xpSlider4_ValueChanged();
+}
+
+void Form1::xpSlider4_ValueChanged() {
+    const TargetSizeChange change =
+        targetSizeMoved(c_.xpSlider4->value(), textOf(c_.Text6), textOf(c_.Text8),
+                        textOf(c_.Label14), shownLocale());
+    if (change.targetText) {
+        c_.Text7->setText(QString::fromStdString(*change.targetText));
+        flashValues({c_.Text7});
+    }
+    if (change.shareText) showText(c_.Label2, *change.shareText);
+    if (change.bitRate) {
+        forms_.state().VideoBitRate = *change.bitRate;
+        c_.Text10->setText(QString::fromStdString(*change.bitRate));
+        flashValues({c_.Text10});
+    }
+}
+
+void Form1::xpSlider5_ValueChanged() {
+    const SliderLabel label = abrLabel(c_.xpSlider5->value(), shownLocale());
+    showText(c_.Label30, label.value);
+    showText(c_.Label31, label.unit);
+    forms_.state().ABRUnit = label.unit;
+    forms_.state().ABRBitRate = label.value;
+    flashValues({c_.Label30, c_.Label31});
+}
+
+void Form1::xpSlider6_ValueChanged() {
+    c_.Label33->setNum(c_.xpSlider6->value());
+    forms_.state().QPValue = std::to_string(c_.xpSlider6->value());
+    flashValues({c_.Label33});
+}
+
+void Form1::xpSlider7_ValueChanged() {
+    const SliderLabel label = minBitRateLabel(c_.xpSlider7->value(), shownLocale());
+    showText(c_.Label35, label.value);
+    showText(c_.Label39, label.unit);
+    flashValues({c_.Label35, c_.Label39});
+}
+
+void Form1::xpSlider8_ValueChanged() {
+    const SliderLabel label = bufferSizeLabel(c_.xpSlider8->value(), shownLocale());
+    showText(c_.Label45, label.value);
+    showText(c_.Label46, label.unit);
+    flashValues({c_.Label45, c_.Label46});
+}
+
+void Form1::xpSlider9_ValueChanged() {
+    c_.Label42->setNum(c_.xpSlider9->value());
+    forms_.state().QPLookAhead = std::to_string(c_.xpSlider9->value());
+    flashValues({c_.Label42});
+}
+
+void Form1::xpSlider10_ValueChanged() {
+    const SliderLabel label = maxBitRateLabel(c_.xpSlider10->value(), shownLocale());
+    showText(c_.Label36, label.value);
+    showText(c_.Label40, label.unit);
+    flashValues({c_.Label36, c_.Label40});
+}
+
+void Form1::Text6_Change() {
+    showHighlighted(c_.Text6, true);
+    Timer8.start();
+    const SourceSizeChange change = sourceSizeChanged(textOf(c_.Text6), shownLocale());
+    if (change.sliderMaximum) c_.xpSlider4->setMaximum(*change.sliderMaximum);
+    if (change.sliderPosition) {
+        // A new source always shows its target, also when the slider already stands there.
+        if (c_.xpSlider4->value() == *change.sliderPosition) {
+            xpSlider4_ValueChanged();
+        } else {
+            c_.xpSlider4->setValue(*change.sliderPosition);
+        }
+    }
+    flashStatus(StatusCell::SourceSize, QString::fromStdString(change.statusText), Timer4);
+}
+
+void Form1::Text8_Change() {
+    showHighlighted(c_.Text8, true);
+    Timer8.start();
+    xpSlider4_ValueChanged();
+}
+
+void Form1::Timer1_Timer() {
+    if (const auto looks = speedTimerTick(forms_.state().SpeedLevel, lastSpeedShown_)) {
+        c_.Label8->apply(*looks);
+    }
+}
+
+void Form1::Timer9_Timer() {
+    // Once a tool runs, the splash window has no more business on screen.
+    if (!forms_.state().ToolBusy) return;
+    forms_.unload(FormId::Form4);
+    Timer9.stop();
+}
+
+void Form1::flashValues(std::initializer_list<QWidget*> widgets) {
+    for (QWidget* widget : widgets) showHighlighted(widget, true);
+    Timer10.start();
+}
+
+void Form1::flashStatus(StatusCell cell, const QString& text, QTimer& restore) {
+    QLabel* label = c_.status(cell);
+    label->setText(text);
+    showHighlighted(label, true);
+    restore.start();
 }
 
 }  // namespace quillet

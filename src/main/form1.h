@@ -1,6 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
+#include <cstdint>
+#include <initializer_list>
+
+#include "main/form1_controls.h"
 
 namespace quillet {
 
@@ -19,13 +24,77 @@ public:
     // it.
     void setOuterSize(QSize outer);
 
+    // What start-up does to the window once it is up: its outer size, the method items other than
+    // the target size shown unselected, and every slider but the preset inactive until a method is
+    // chosen.
+    void prepareAtStartup();
+
+    // The method items can be chosen once there is a source video.
+    void enableMethodItems();
+    // No method chosen (a tool is working, or the window is reset).
+    void clearMethodSelection();
+
+    // Copies the shown settings into the job settings when a job starts, and stamps its start
+    // time.
+    void CompressionVars();
+
+    // Lights the speed cells 0 up to and including `ProcSpeed`; the others keep their look.
+    void CompressionSpeedDisplay(int ProcSpeed);
+    // Lets pending events run, then returns every speed cell to normal.
+    void ZeroSpeed();
+    // Follows the shared speed level in the speed cells while a job runs.
+    void setSpeedDisplayRunning(bool running);
+
+    Form1Controls& controls() { return c_; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void Form_QueryUnload();
+    void connectHandlers();
+    void setUpTimers();
+
+    void xpOption1_Click(int index);
+    void Option1_Click(int index);
+    void xpSlider1_ValueChanged();
+    void xpSlider2_ValueChanged();
+    void xpSlider3_ValueChanged();
+    void xpSlider4_ValueChanged();
+    void xpSlider5_ValueChanged();
+    void xpSlider6_ValueChanged();
+    void xpSlider7_ValueChanged();
+    void xpSlider8_ValueChanged();
+    void xpSlider9_ValueChanged();
+    void xpSlider10_ValueChanged();
+    void Text6_Change();
+    void Text8_Change();
+    void Timer1_Timer();
+    void Timer9_Timer();
+
+    // Shows a slider's new value in the highlight colour for a moment.
+    void flashValues(std::initializer_list<QWidget*> widgets);
+    void flashStatus(StatusCell cell, const QString& text, QTimer& restore);
 
     Forms& forms_;
+    Form1Controls c_;
+    std::int16_t lastSpeedShown_ = 0;
+    bool systemMenuTrimmed_ = false;
+
+    QTimer Timer1;   // speed cells
+    QTimer Timer2;   // end of the "Browse" hover
+    QTimer Timer3;   // running time of the source
+    QTimer Timer4;   // status strip colours
+    QTimer Timer5;   // method cell colour
+    QTimer Timer6;   // sample-rate cell colour
+    QTimer Timer7;   // end of a caption hover
+    QTimer Timer8;   // information box colours
+    QTimer Timer9;   // splash window gone once a tool runs
+    QTimer Timer10;  // slider value colours
+    QTimer Timer11;  // end of a target-size job
+    QTimer Timer12;  // source player kept silent
+    QTimer Timer13;  // status strip colours
 };
 
 }  // namespace quillet
