@@ -304,11 +304,9 @@ void Form1::xpSlider4_ValueChanged() {
 
 void Form1::xpSlider5_ValueChanged() {
     const SliderLabel label = abrLabel(c_.xpSlider5->value(), shownLocale());
-    showText(c_.Label30, label.value);
-    showText(c_.Label31, label.unit);
+    showSliderLabel(label, c_.Label30, c_.Label31);
     forms_.state().ABRUnit = label.unit;
     forms_.state().ABRBitRate = label.value;
-    flashValues({c_.Label30, c_.Label31});
 }
 
 void Form1::xpSlider6_ValueChanged() {
@@ -318,17 +316,11 @@ void Form1::xpSlider6_ValueChanged() {
 }
 
 void Form1::xpSlider7_ValueChanged() {
-    const SliderLabel label = minBitRateLabel(c_.xpSlider7->value(), shownLocale());
-    showText(c_.Label35, label.value);
-    showText(c_.Label39, label.unit);
-    flashValues({c_.Label35, c_.Label39});
+    showSliderLabel(minBitRateLabel(c_.xpSlider7->value(), shownLocale()), c_.Label35, c_.Label39);
 }
 
 void Form1::xpSlider8_ValueChanged() {
-    const SliderLabel label = bufferSizeLabel(c_.xpSlider8->value(), shownLocale());
-    showText(c_.Label45, label.value);
-    showText(c_.Label46, label.unit);
-    flashValues({c_.Label45, c_.Label46});
+    showSliderLabel(bufferSizeLabel(c_.xpSlider8->value(), shownLocale()), c_.Label45, c_.Label46);
 }
 
 void Form1::xpSlider9_ValueChanged() {
@@ -338,10 +330,7 @@ void Form1::xpSlider9_ValueChanged() {
 }
 
 void Form1::xpSlider10_ValueChanged() {
-    const SliderLabel label = maxBitRateLabel(c_.xpSlider10->value(), shownLocale());
-    showText(c_.Label36, label.value);
-    showText(c_.Label40, label.unit);
-    flashValues({c_.Label36, c_.Label40});
+    showSliderLabel(maxBitRateLabel(c_.xpSlider10->value(), shownLocale()), c_.Label36, c_.Label40);
 }
 
 void Form1::Text6_Change() {
@@ -377,6 +366,12 @@ void Form1::Timer9_Timer() {
     if (!forms_.state().ToolBusy) return;
     forms_.unload(FormId::Form4);
     Timer9.stop();
+}
+
+void Form1::showSliderLabel(const SliderLabel& label, QLabel* value, QLabel* unit) {
+    showText(value, label.value);
+    showText(unit, label.unit);
+    flashValues({value, unit});
 }
 
 void Form1::flashValues(std::initializer_list<QWidget*> widgets) {

@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 #include "main/form1_controls.h"
+#include "main/slider_tables.h"
 
 namespace quillet {
 
@@ -73,6 +74,7 @@ private:
     void Timer1_Timer();
     void Timer9_Timer();
 
+    void showSliderLabel(const SliderLabel& label, QLabel* value, QLabel* unit);
     // Shows a slider's new value in the highlight colour for a moment.
     void flashValues(std::initializer_list<QWidget*> widgets);
     void flashStatus(StatusCell cell, const QString& text, QTimer& restore);
