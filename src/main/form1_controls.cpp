@@ -9,7 +9,6 @@
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QVBoxLayout>
-#include <type_traits>
 
 #include "main/option_array.h"
 #include "main/speed_cell_row.h"
@@ -90,22 +89,12 @@ public:
         content->setContentsMargins(6, 0, 3, 0);
         content->setSpacing(6);
         // Room to spare goes between the groups, evenly, not inside them.
-        const auto addGroup = [content](auto* group) {
+        for (QWidget* group : std::initializer_list<QWidget*>{
+                 sourcePanel(), methodPanel(), targetPanel(), crfAndQpRow(), abrPanel(),
+                 presetAndAudioRow(), progressPanel(), speedPanel()}) {
             if (content->count() > 0) content->addStretch(1);
-            if constexpr (std::is_base_of_v<QLayout, std::remove_pointer_t<decltype(group)>>) {
-                content->addLayout(group);
-            } else {
-                content->addWidget(group);
-            }
-        };
-        addGroup(sourcePanel());
-        addGroup(methodPanel());
-        addGroup(targetPanel());
-        addGroup(crfAndQpRow());
-        addGroup(abrPanel());
-        addGroup(presetAndAudioRow());
-        addGroup(progressPanel());
-        addGroup(speedPanel());
+            content->addWidget(group);
+        }
         layout->addLayout(content, 1);
         layout->addWidget(statusStrip());
         return c_;
@@ -137,14 +126,17 @@ private:
     }
 
     // Groups side by side, of equal width and height.
-    static QHBoxLayout* row(std::initializer_list<QFrame*> frames) {
-        auto* layout = new QHBoxLayout;
+    QWidget* row(std::initializer_list<QFrame*> frames) {
+        auto* holder = new QWidget(surface_);
+        holder->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+        auto* layout = new QHBoxLayout(holder);
+        layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(6);
         for (QFrame* frame : frames) {
             frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
             layout->addWidget(frame, 1);
         }
-        return layout;
+        return holder;
     }
 
     QFrame* sourcePanel() {
@@ -211,7 +203,7 @@ private:
         return p.frame;
     }
 
-    QHBoxLayout* crfAndQpRow() {
+    QWidget* crfAndQpRow() {
         Panel crf = panel("(CRF) Constant Rate Factor");
         c_.xpSlider2 = slider(0, 50, 20, "xpSlider2");
         c_.Label12 = value("20", "Label12", "50");
@@ -261,7 +253,7 @@ private:
         return p.frame;
     }
 
-    QHBoxLayout* presetAndAudioRow() {
+    QWidget* presetAndAudioRow() {
         Panel preset = panel("Preset:");
         c_.xpSlider1 = slider(1, 8, 3, "xpSlider1");
         c_.Label9 = value("VeryFast", "Label9", "UltraFast");
