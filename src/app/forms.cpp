@@ -3,6 +3,7 @@
 #include <QVariant>
 
 #include "app/form4.h"
+#include "jobs/job_window.h"
 #include "main/form1.h"
 
 namespace quillet {
@@ -44,6 +45,18 @@ Form1& Forms::form1() {
 }
 Form4& Forms::form4() {
     return load<Form4>(FormId::Form4);
+}
+Form5& Forms::form5() {
+    return load<Form5>(FormId::Form5);
+}
+Form6& Forms::form6() {
+    return load<Form6>(FormId::Form6);
+}
+Form7& Forms::form7() {
+    return load<Form7>(FormId::Form7);
+}
+Form8& Forms::form8() {
+    return load<Form8>(FormId::Form8);
 }
 
 bool Forms::isLoaded(FormId id) const {

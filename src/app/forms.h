@@ -13,6 +13,10 @@ namespace quillet {
 
 class Form1;
 class Form4;
+class Form5;
+class Form6;
+class Form7;
+class Form8;
 
 enum class FormId {
     Form1,
@@ -49,6 +53,10 @@ public:
 
     Form1& form1();
     Form4& form4();
+    Form5& form5();
+    Form6& form6();
+    Form7& form7();
+    Form8& form8();
 
     bool isLoaded(FormId id) const;
     void unload(FormId id);

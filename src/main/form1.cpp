@@ -139,6 +139,7 @@ void Form1::CompressionVars() {
     shown.audioBitRate = textOf(c_.Label14);
     shown.preset = textOf(c_.Label9);
     copyShownSettings(shown, state, shownLocale());
+    startJobWindow(state.CompressionMethod);
 }
 
 void Form1::CompressionSpeedDisplay(int ProcSpeed) {
@@ -227,6 +228,7 @@ void Form1::setUpTimers() {
     connect(&Timer9, &QTimer::timeout, this, &Form1::Timer9_Timer);
     restores(Timer10, 250, values);
     Timer11.setInterval(1000);
+    connect(&Timer11, &QTimer::timeout, this, &Form1::Timer11_Timer);
     Timer12.setInterval(1000);
     restores(Timer13, 250, statusCells);
 }

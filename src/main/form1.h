@@ -46,6 +46,23 @@ public:
     // Follows the shared speed level in the speed cells while a job runs.
     void setSpeedDisplayRunning(bool running);
 
+    // What a job window shows here while its ffmpeg runs.
+    void setProgressMaximum(double seconds);
+    void setProgressValue(double seconds);
+    void setProgressCaption(const QString& caption);
+    void setWrittenText(const QString& text);
+    // A piece that moved the percentage: caption and written size in the highlight colour for a
+    // moment.
+    void highlightProgress();
+    bool playOnCompletion() const;
+    // The end of a target-size or CRF job: the bar empty and the caption back to the start.
+    void resetProgressDisplay();
+    void normalSpeedCellsButLast();
+
+    // The reset procedure (Reset App, and the end of every job and tool): the controls show their
+    // initial texts, the shared values go back to theirs, and the job and tool windows go.
+    void ResetApp();
+
     Form1Controls& controls() { return c_; }
 
 protected:
@@ -73,6 +90,9 @@ private:
     void Text8_Change();
     void Timer1_Timer();
     void Timer9_Timer();
+    void Timer11_Timer();
+    // Opens the job window of the chosen method, which runs the job.
+    void startJobWindow(const std::string& method);
 
     void showSliderLabel(const SliderLabel& label, QLabel* value, QLabel* unit);
     // Shows a slider's new value in the highlight colour for a moment.

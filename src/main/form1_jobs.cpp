@@ -1,0 +1,104 @@
+// The main window's side of a compression job: opening the job window, the progress display the
+// job writes, and the end of the job.
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <cmath>
+
+#include "app/forms.h"
+#include "jobs/job_window.h"
+#include "main/form1.h"
+#include "main/label_looks.h"
+#include "main/option_array.h"
+#include "main/shared_values_reset.h"
+#include "main/speed_cell_row.h"
+
+namespace quillet {
+
+void Form1::startJobWindow(const std::string& method) {
+    // Loading a job window runs its whole job; the target-size window is closed from here once
+    // its job has finished.
+    if (method == "TFS") {
+        Timer11.start();
+        forms_.form5();
+    } else if (method == "CRF") {
+        forms_.form6();
+    } else if (method == "ABR") {
+        forms_.form7();
+    } else if (method == "QP") {
+        forms_.form8();
+    }
+}
+
+void Form1::Timer11_Timer() {
+    if (!forms_.isLoaded(FormId::Form5)) {
+        Timer11.stop();
+        return;
+    }
+    Form5& job = forms_.form5();
+    if (job.isVisible() && forms_.state().JobFinished) {
+        job.ExitCompression();
+        Timer11.stop();
+    }
+}
+
+void Form1::setProgressMaximum(double seconds) {
+    if (std::isfinite(seconds)) c_.PBar->setMaximum(static_cast<int>(std::lround(seconds)));
+}
+
+void Form1::setProgressValue(double seconds) {
+    // A value past the bar's end is not shown, as the bar cannot hold it.
+    if (std::isfinite(seconds)) c_.PBar->setValue(static_cast<int>(std::lround(seconds)));
+}
+
+void Form1::setProgressCaption(const QString& caption) { c_.Label1->setText(caption); }
+
+void Form1::setWrittenText(const QString& text) { c_.status(StatusCell::Written)->setText(text); }
+
+void Form1::highlightProgress() {
+    showHighlighted(c_.status(StatusCell::Written), true);
+    Timer13.start();
+}
+
+bool Form1::playOnCompletion() const { return c_.Check1->isChecked(); }
+
+void Form1::resetProgressDisplay() {
+    c_.PBar->setValue(0);
+    c_.Label1->setText("Compression Progress 00% Completed");
+}
+
+void Form1::normalSpeedCellsButLast() {
+    for (int index = 0; index + 1 < kSpeedCellCount; ++index) {
+        showHighlighted(c_.Label8->cell(index), false);
+    }
+}
+
+void Form1::ResetApp() {
+    // The boxes that drive the target-size arithmetic first, so that it finds nothing to show.
+    c_.Text6->setText("0,000");
+    c_.Text8->setText("0000");
+    c_.Text7->setText("0,000");
+    c_.Text10->setText("0,000");
+    c_.Text1->setText("0:00:00");
+    c_.Text3->setText("0:00:00");
+    const std::pair<QLabel*, const char*> labels[] = {
+        {c_.Label9, "VeryFast"}, {c_.Label12, "20"},  {c_.Label30, "920"}, {c_.Label31, "k"},
+        {c_.Label33, "14"},      {c_.Label35, "1.1"}, {c_.Label39, "M"},   {c_.Label36, "2.0"},
+        {c_.Label40, "M"},       {c_.Label42, "18"},  {c_.Label45, "1.1"}, {c_.Label46, "M"},
+        {c_.Label2, "Target Size - 60% of Original Video Size"},
+        {c_.status(StatusCell::Method), "Method:Target Size"},
+        {c_.status(StatusCell::SourceSize), "Init Size: 0,000Mb"},
+        {c_.status(StatusCell::Written), "Writen: 0,000Mb"},
+        {c_.status(StatusCell::SampleRate), "44100Hz"},
+    };
+    for (const auto& [label, text] : labels) label->setText(text);
+    clearMethodSelection();
+
+    resetSharedValues(forms_.state());
+    for (FormId id : {FormId::Form5, FormId::Form6, FormId::Form7, FormId::Form8}) {
+        forms_.unload(id);
+    }
+}
+
+}  // namespace quillet
