@@ -23,6 +23,7 @@ void copyShownSettings(const ShownSettings& shown, ProgramState& state,
                        const FormatLocale& locale) {
     state.CompressionMethod.clear();
     state.JobFinished = false;
+    state.OutputOpened = false;
     for (int index = 0; index < 4; ++index) {
         if (shown.methodSelected[static_cast<std::size_t>(index)]) {
             state.CompressionMethod = methodCode(index);

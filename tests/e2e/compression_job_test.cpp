@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -100,6 +101,41 @@ TEST_F(CompressionJob, EachMethodWritesHevcWithAacBesideTheSource) {
             EXPECT_EQ(c.PBar->value(), 0) << job.name;
         }
     }
+}
+
+TEST_F(CompressionJob, PlayOnCompletionOpensTheOutputOncePerJob) {
+    const QString source = folder.filePath("played.mp4");
+    ASSERT_TRUE(makeClip(source, 2));
+    c.Check1->setChecked(true);
+    for (int job = 1; job <= 2; ++job) {
+        chooseSource(source, "2");
+        runJob(kJobs[1]);
+        const auto opened = std::count_if(
+            dialogs.shown().begin(), dialogs.shown().end(), [&](const ScriptedDialogs::Shown& s) {
+                return s.kind == "open externally" &&
+                       s.text == QDir::toNativeSeparators(output(source)).toStdString();
+            });
+        EXPECT_EQ(opened, job);
+    }
+    // A job window loaded again after its job has finished runs nothing.
+    forms.form6();
+    EXPECT_EQ(dialogs.shown().size(), 2u);
+    forms.unload(FormId::Form6);
+}
+
+TEST_F(CompressionJob, ResetDuringAJobLetsItFinishAndCloseItsWindow) {
+    const QString source = folder.filePath("long.mp4");
+    ASSERT_TRUE(makeClip(source, 20));
+    chooseSource(source, "20");
+    bool windowHiddenAtOnce = false;
+    QTimer::singleShot(1500, [&] {
+        form.ResetApp();
+        windowHiddenAtOnce = !forms.isLoaded(FormId::Form5);
+    });
+    runJob(kJobs[0]);
+    EXPECT_TRUE(windowHiddenAtOnce);
+    EXPECT_FALSE(forms.isLoaded(FormId::Form5));
+    EXPECT_TRUE(probe(output(source)).contains("codec_name=hevc"));
 }
 
 TEST_F(CompressionJob, PathsWithBlanksAndNonAsciiLettersWork) {

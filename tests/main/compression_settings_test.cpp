@@ -27,6 +27,7 @@ ShownSettings shownAtStart() {
 TEST(CopyShownSettings, CopiesTrimmedAndJoinedTextsThenTheBitRate) {
     ProgramState state;
     state.JobFinished = true;
+    state.OutputOpened = true;
     state.CompressionMethod = "QP";
     ShownSettings shown = shownAtStart();
     shown.methodSelected = {false, false, true, false};
@@ -34,6 +35,7 @@ TEST(CopyShownSettings, CopiesTrimmedAndJoinedTextsThenTheBitRate) {
 
     EXPECT_EQ(state.CompressionMethod, "ABR");
     EXPECT_FALSE(state.JobFinished);
+    EXPECT_FALSE(state.OutputOpened);
     EXPECT_EQ(state.TargetSizeMb, "0,100");
     EXPECT_EQ(state.VideoSeconds, "600");
     EXPECT_EQ(state.CRFValue, "20");
