@@ -21,6 +21,9 @@ public:
 
     void Form_Load();
 
+    // Chooses the source video with the file dialog (left button only; other callers pass 1).
+    void Label21_MouseUp(int Button);
+
     // Gives the window its outer size (frame included); the user can neither resize nor maximise
     // it.
     void setOuterSize(QSize outer);
@@ -91,6 +94,8 @@ private:
     void Timer1_Timer();
     void Timer9_Timer();
     void Timer11_Timer();
+    // Polls the running time of the source until it is known.
+    void Timer3_Timer();
     // Opens the job window of the chosen method, which runs the job.
     void startJobWindow(const std::string& method);
 
@@ -117,6 +122,8 @@ private:
     QTimer Timer11;  // end of a target-size job
     QTimer Timer12;  // source player kept silent
     QTimer Timer13;  // status strip colours
+
+    // Source selection: its members go here.
 };
 
 }  // namespace quillet
