@@ -37,7 +37,7 @@ MessageBoxButton QtDialogs::messageBox(const std::string& text, const std::strin
     const MessageBoxStyle style = messageBoxStyle(flags);
     QMessageBox box(style.exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
                     QString::fromStdString(title.empty() ? kApplicationTitle : title),
-                    QString::fromStdString(text), QMessageBox::NoButton,
+                    QString::fromStdString(text).replace("\r\n", "\n"), QMessageBox::NoButton,
                     QApplication::activeWindow());
     for (MessageBoxButton button : style.buttons) box.addButton(standardButton(button));
     box.setDefaultButton(standardButton(style.buttons.front()));

@@ -76,6 +76,7 @@ Form1::Form1(Forms& forms) : QMainWindow(nullptr), forms_(forms) {
 
     setUpTimers();
     connectHandlers();
+    buildMenus();
     auto* hover = new HoverEffects(surface);
     hover->watch(c_.Label21, Timer2, true);
     for (QLabel* label : c_.hoverCaptions) hover->watch(label, Timer7);

@@ -77,6 +77,14 @@ private:
     void connectHandlers();
     void setUpTimers();
 
+    // The menu bar and its commands.
+    void buildMenus();
+    void mnu_ShowCPU_Click();
+    void mnu_StartCompress_Click();
+    void openTool();
+    void mnu_Help_Click();
+    void mnu_AboutThisApp_Click();
+
     void xpOption1_Click(int index);
     void Option1_Click(int index);
     void xpSlider1_ValueChanged();

@@ -1,0 +1,114 @@
+// The main window's menu bar and its commands.
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <functional>
+#include <map>
+
+#include "app/forms.h"
+#include "app/platform_names.h"
+#include "app/waits.h"
+#include "main/form1.h"
+#include "main/menu_items.h"
+#include "main/option_array.h"
+#include "main/xp_slider.h"
+
+namespace quillet {
+
+namespace {
+
+// The folder that holds the program, its help document and the tools.
+std::string programFolder() {
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString();
+}
+
+}  // namespace
+
+void Form1::buildMenus() {
+    const std::map<std::string, std::function<void()>> commands = {
+        {"mnu_Select", [this] { Label21_MouseUp(1); }},
+        {"mnu_Deselect", [this] { ResetApp(); }},
+        {"mnu_ShowCPU", [this] { mnu_ShowCPU_Click(); }},
+        {"mnu_Exit", [this] { Form_QueryUnload(); }},
+        {"mnu_StartCompress", [this] { mnu_StartCompress_Click(); }},
+        {"mnu_mp3Audio", [this] { openTool(); }},
+        {"mnu_DownScaleRes", [this] { openTool(); }},
+        {"mnu_AlterFPS", [this] { openTool(); }},
+        {"mnu_Help", [this] { mnu_Help_Click(); }},
+        {"mnu_AboutThisApp", [this] { mnu_AboutThisApp_Click(); }},
+    };
+    for (const Menu& menu : kMainMenus) {
+        QMenu* heading = menuBar()->addMenu(menu.heading.caption);
+        heading->setObjectName(menu.heading.name);
+        for (const MenuItem& item : menu.items) {
+            if (!item.name) break;
+            QAction* action =
+                *item.caption ? heading->addAction(item.caption) : heading->addSeparator();
+            action->setObjectName(item.name);
+            const auto command = commands.find(item.name);
+            if (command != commands.end()) {
+                connect(action, &QAction::triggered, this, command->second);
+            }
+        }
+    }
+    QAction* showCpu = findChild<QAction*>("mnu_ShowCPU");
+    showCpu->setCheckable(true);
+    showCpu->setChecked(forms_.state().CpuMonitorEnabled);
+}
+
+void Form1::mnu_ShowCPU_Click() {
+    ProgramState& state = forms_.state();
+    QAction* item = findChild<QAction*>("mnu_ShowCPU");
+    // The action has already flipped its tick when this runs: what counts is the flag.
+    if (state.CpuMonitorEnabled) {
+        state.CpuMonitorEnabled = false;
+        item->setChecked(false);
+        handlePendingEvents();
+        c_.status(StatusCell::Cpu)->setText("CPU: 00.00%");
+    } else {
+        state.CpuMonitorEnabled = true;
+        item->setChecked(true);
+    }
+}
+
+void Form1::mnu_StartCompress_Click() {
+    ProgramState& state = forms_.state();
+    if (!state.SourceVideo.empty()) {
+        state.JobFinished = false;
+        CompressionVars();
+        return;
+    }
+    const MessageBoxButton answer = forms_.dialogs().messageBox(
+        "Please select the Video to be compressed.", "No Video Selected",
+        MessageBoxFlags::Exclamation + MessageBoxFlags::RetryCancel);
+    if (answer == MessageBoxButton::Retry) Label21_MouseUp(1);
+}
+
+void Form1::openTool() {
+    // No method stays chosen while a tool works: the user chooses again afterwards.
+    for (XpSlider* slider : {c_.xpSlider2, c_.xpSlider4, c_.xpSlider5, c_.xpSlider6, c_.xpSlider7,
+                             c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {
+        slider->setEnabled(false);
+    }
+    clearMethodSelection();
+}
+
+void Form1::mnu_Help_Click() {
+    const std::string help = programFolder() + kThisPlatform.separator + "Quillet 2.pdf";
+    if (QFileInfo::exists(QString::fromStdString(help))) {
+        forms_.dialogs().openExternally(help);
+    } else {
+        forms_.dialogs().messageBox("Cannot find the help PDF file", "Error",
+                                    MessageBoxFlags::Exclamation);
+    }
+}
+
+void Form1::mnu_AboutThisApp_Click() {
+    forms_.dialogs().messageBox("Tessellan Works\r\nQuillet (Version 2.0)", kApplicationTitle,
+                                MessageBoxFlags::OkOnly);
+}
+
+}  // namespace quillet

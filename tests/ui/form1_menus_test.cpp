@@ -1,0 +1,106 @@
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRadioButton>
+
+#include "form1_test_window.h"
+#include "main/option_array.h"
+#include "main/xp_slider.h"
+
+namespace quillet {
+namespace {
+
+class Form1Menus : public Form1Window {
+protected:
+    void trigger(const char* item) {
+        QAction* action = form.findChild<QAction*>(item);
+        ASSERT_TRUE(action) << item;
+        action->trigger();
+    }
+};
+
+TEST_F(Form1Menus, HeadingsAndItemsInOrder) {
+    QStringList shown;
+    for (QAction* heading : form.menuBar()->actions()) {
+        shown << heading->menu()->objectName() + "=" + heading->text();
+        for (QAction* item : heading->menu()->actions()) {
+            shown << "  " + item->objectName() + "=" + item->text();
+        }
+    }
+    EXPECT_EQ(shown.join("|").toStdString(),
+              "mnu_File=File|  mnu_Select=Select Video|  mnu_Deselect=Reset App|  "
+              "mnu_ShowCPU=Show CPU |  mnu_Space00=|  mnu_Exit=Exit|mnu_Compress=Compress|  "
+              "mnu_StartCompress=Start Compression|  mnu_StopCompress=Stop Compression|"
+              "mnu_Tools=Tools|  mnu_mp3Audio=Encode Video Audio with libmp3lame|  "
+              "mnu_DownScaleRes=Down Scale Video Resolution|  "
+              "mnu_AlterFPS=Alter Video Frame Rate (fps)|  "
+              "mnu_METAdata=Write META Data Into Video|mnu_Hlp=Help|  mnu_Help=Help (PDF)|"
+              "mnu_About=About|  mnu_AboutThisApp=About");
+    EXPECT_TRUE(form.findChild<QAction*>("mnu_Space00")->isSeparator());
+}
+
+TEST_F(Form1Menus, StartWithoutASourceAsksAndCancelDoesNothingElse) {
+    dialogs.answerBox(MessageBoxButton::Cancel);
+    trigger("mnu_StartCompress");
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].text, "Please select the Video to be compressed.");
+    EXPECT_EQ(dialogs.shown()[0].title, "No Video Selected");
+    EXPECT_EQ(dialogs.shown()[0].flags, 53);
+    EXPECT_EQ(state.CompressionMethod, "");
+}
+
+TEST_F(Form1Menus, ShowCpuTurnsTheDisplayOffAndOn) {
+    QAction* item = form.findChild<QAction*>("mnu_ShowCPU");
+    ASSERT_TRUE(item->isChecked());
+    trigger("mnu_ShowCPU");
+    EXPECT_FALSE(state.CpuMonitorEnabled);
+    EXPECT_FALSE(item->isChecked());
+    EXPECT_EQ(text(c.status(StatusCell::Cpu)), "CPU: 00.00%");
+    trigger("mnu_ShowCPU");
+    EXPECT_TRUE(state.CpuMonitorEnabled);
+    EXPECT_TRUE(item->isChecked());
+}
+
+TEST_F(Form1Menus, HelpOpensTheGuideBesideTheProgramOrSaysItIsMissing) {
+    const QString guide = QCoreApplication::applicationDirPath() + "/Quillet 2.pdf";
+    QFile::remove(guide);
+    trigger("mnu_Help");
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].text, "Cannot find the help PDF file");
+    EXPECT_EQ(dialogs.shown()[0].title, "Error");
+    EXPECT_EQ(dialogs.shown()[0].flags, 48);
+
+    QFile file(guide);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    trigger("mnu_Help");
+    ASSERT_EQ(dialogs.shown().size(), 2u);
+    EXPECT_EQ(dialogs.shown()[1].kind, "open externally");
+    EXPECT_EQ(dialogs.shown()[1].text, QDir::toNativeSeparators(guide).toStdString());
+    QFile::remove(guide);
+}
+
+TEST_F(Form1Menus, AboutNamesTheMaker) {
+    trigger("mnu_AboutThisApp");
+    ASSERT_EQ(dialogs.shown().size(), 1u);
+    EXPECT_EQ(dialogs.shown()[0].text, "Tessellan Works\r\nQuillet (Version 2.0)");
+}
+
+TEST_F(Form1Menus, OpeningAToolLeavesNoMethodChosen) {
+    form.enableMethodItems();
+    c.xpOption1->item(2)->click();
+    ASSERT_TRUE(c.xpSlider5->isEnabled());
+    for (const char* tool : {"mnu_mp3Audio", "mnu_DownScaleRes", "mnu_AlterFPS"}) {
+        trigger(tool);
+        for (int index = 0; index < 4; ++index) EXPECT_FALSE(c.xpOption1->isSelected(index));
+        EXPECT_FALSE(c.xpSlider5->isEnabled()) << tool;
+        EXPECT_TRUE(c.xpSlider3->isEnabled()) << tool;
+        c.xpOption1->item(2)->click();
+    }
+}
+
+}  // namespace
+}  // namespace quillet
