@@ -1,0 +1,81 @@
+#include "tools/duration_probe.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+#include "runner_test_support.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+TEST(DurationProbeCommand, WindowsAndLinuxForms) {
+    EXPECT_EQ(durationProbeCommandLine(R"(C:\Program Files\Quillet)", R"(D:\My Videos\a.mp4)",
+                                       kWindowsNames),
+              R"(C:\Program Files\Quillet\ffprobe.exe -v error -show_entries format=duration )"
+              R"(-of default=noprint_wrappers=1:nokey=1 "D:\My Videos\a.mp4")");
+    EXPECT_EQ(durationProbeCommandLine("/opt/quillet", "/v/a.mp4", kPosixNames),
+              "/opt/quillet/ffprobe -v error -show_entries format=duration "
+              "-of default=noprint_wrappers=1:nokey=1 \"/v/a.mp4\"");
+}
+
+TEST(DurationAnswer, TheLastLineThatIsOnlyANumber) {
+    const std::pair<const char*, std::optional<double>> cases[] = {
+        {"7200.023000\n", 7200.023},
+        {"125.5\r\n", 125.5},
+        {"[mov @ 0x1] stream 1, error reading header\n3.000000\n", 3.0},
+        {"/v/clip 2.mp4: Invalid data found when processing input\n", std::nullopt},
+        {"N/A\n", std::nullopt},
+        {"", std::nullopt},
+        {"12abc\n", std::nullopt},
+        {"-1\n", std::nullopt},
+        {"inf\n", std::nullopt},
+    };
+    for (const auto& [answer, seconds] : cases) {
+        EXPECT_EQ(parseDurationAnswer(answer), seconds) << answer;
+    }
+}
+
+// Whether this test program has no child left at all, running or ended, within a few seconds.
+bool noChildLeft() {
+    const auto deadline = Clock::now() + 5s;
+    for (;;) {
+        siginfo_t info{};
+        if (::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD) {
+            return true;
+        }
+        if (Clock::now() > deadline) return false;
+        std::this_thread::sleep_for(20ms);
+    }
+}
+
+TEST(DurationProbe, ACommandWithoutAnAnswerFinishesWithNone) {
+    for (const char* command : {CHILD_SILENT, "/no/such/ffprobe"}) {
+        const DurationProbe probe(command);
+        const auto deadline = Clock::now() + 10s;
+        while (!probe.finished() && Clock::now() < deadline) std::this_thread::sleep_for(10ms);
+        EXPECT_TRUE(probe.finished()) << command;
+        EXPECT_FALSE(probe.seconds()) << command;
+    }
+    EXPECT_TRUE(noChildLeft());
+}
+
+TEST(DurationProbe, GoingAwayNeverWaitsForAHungChildAndEndsIt) {
+    // Gone at once, and gone once the child has started: neither waits, and no child outlives it.
+    for (const auto startedFor : {0ms, 300ms}) {
+        auto probe = std::make_unique<DurationProbe>(CHILD_IGNORE_STOP);
+        std::this_thread::sleep_for(startedFor);
+        const auto started = Clock::now();
+        probe.reset();
+        EXPECT_LT(Clock::now() - started, 100ms);
+        EXPECT_TRUE(noChildLeft());
+    }
+}
+
+}  // namespace
+}  // namespace quillet
