@@ -199,6 +199,7 @@ void Form1::connectHandlers() {
     // Whoever writes the source size or running time, the target-size arithmetic follows.
     connect(c_.Text6, &QLineEdit::textChanged, this, &Form1::Text6_Change);
     connect(c_.Text8, &QLineEdit::textChanged, this, &Form1::Text8_Change);
+    connectSourceLabel();
 }
 
 void Form1::setUpTimers() {
@@ -219,6 +220,7 @@ void Form1::setUpTimers() {
     Timer2.setInterval(500);
     Timer2.setSingleShot(true);
     Timer3.setInterval(250);
+    connect(&Timer3, &QTimer::timeout, this, &Form1::Timer3_Timer);
     restores(Timer4, 500, statusCells);
     restores(Timer5, 500, {c_.status(StatusCell::Method)});
     restores(Timer6, 500, {c_.status(StatusCell::SampleRate)});

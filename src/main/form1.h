@@ -4,9 +4,11 @@
 #include <QTimer>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 
 #include "main/form1_controls.h"
 #include "main/slider_tables.h"
+#include "tools/duration_probe.h"
 
 namespace quillet {
 
@@ -131,7 +133,13 @@ private:
     QTimer Timer12;  // source player kept silent
     QTimer Timer13;  // status strip colours
 
-    // Source selection: its members go here.
+    // Source selection.
+    // A mouse release on the "Browse" label chooses the source.
+    void connectSourceLabel();
+    // The source's file name, and "No Video Selected" exactly while there is none.
+    void showSourceName(const QString& name);
+
+    std::unique_ptr<DurationProbe> durationProbe_;  // asks the running time of the latest source
 };
 
 }  // namespace quillet

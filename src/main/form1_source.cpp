@@ -1,10 +1,118 @@
 // Choosing the source video and finding its running time.
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMouseEvent>
+#include <filesystem>
+#include <functional>
+
+#include "app/forms.h"
+#include "app/platform_names.h"
+#include "app/qt_format_locale.h"
+#include "app/tool_check.h"
+#include "jobs/output_name.h"
 #include "main/form1.h"
+#include "main/source_video.h"
+#include "tools/duration_probe.h"
 
 namespace quillet {
 
-void Form1::Label21_MouseUp(int Button) { (void)Button; }
+namespace {
 
-void Form1::Timer3_Timer() {}
+// Hands every mouse release on a widget to a handler with the button's number: 1 left, 2 right,
+// 4 middle, as the program's handlers count them (Qt numbers them alike).
+class MouseUpFilter : public QObject {
+public:
+    MouseUpFilter(QWidget* widget, std::function<void(int)> handler)
+        : QObject(widget), handler_(std::move(handler)) {
+        widget->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonRelease) {
+            handler_(static_cast<int>(static_cast<QMouseEvent*>(event)->button()));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void(int)> handler_;
+};
+
+// The folder that holds the program, and so ffmpeg and ffprobe.
+QString programFolder() {
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+}
+
+}  // namespace
+
+void Form1::connectSourceLabel() {
+    new MouseUpFilter(c_.Label21, [this](int button) { Label21_MouseUp(button); });
+}
+
+void Form1::showSourceName(const QString& name) {
+    c_.Label3->setText(name);
+    c_.Label24->setVisible(name.isEmpty());
+}
+
+void Form1::Label21_MouseUp(int Button) {
+    if (Button != 1) return;
+    Forms::Busy busy(this);
+    ProgramState& state = forms_.state();
+    Dialogs& dialogs = forms_.dialogs();
+    const char separator = kThisPlatform.separator;
+    checkToolPresence(std::filesystem::path(programFolder().toStdU16String()), kThisPlatform,
+                      dialogs);
+    const std::string chosen =
+        dialogs.openFile(kSourceDialogTitle, state.DesktopFolder, kSourceDialogFilter);
+    if (chosen.empty()) return;
+
+    state.SourceVideo.clear();
+    showSourceName({});
+    state.SourceVideo = trimmedSourcePath(chosen);
+    if (!state.SourceVideo.empty()) enableMethodItems();
+    if (const auto output = compressedFileName(state.SourceVideo, separator)) {
+        state.OutputVideo = *output;
+    }
+    if (isRefusedSourceFormat(state.SourceVideo, separator)) {
+        dialogs.messageBox("Video Format not currently supported", "Format Error",
+                           MessageBoxFlags::Exclamation + MessageBoxFlags::OkCancel);
+        state.SourceVideo.clear();
+        showSourceName({});
+        return;
+    }
+    // A path without a folder shows nothing of the file.
+    const auto name = sourceFileName(state.SourceVideo, separator);
+    if (!name) return;
+    showSourceName(QString::fromStdString(*name));
+    const QFileInfo file(QString::fromStdString(state.SourceVideo));
+    if (file.isFile()) {
+        // The size box drives the target-size arithmetic.
+        c_.Text6->setText(QString::fromStdString(
+            sourceSizeText(static_cast<std::uintmax_t>(file.size()), formatLocale(QLocale()))));
+    }
+    // A probe of an earlier source is ended by its replacement, without waiting for it.
+    durationProbe_ = std::make_unique<DurationProbe>(
+        durationProbeCommandLine(programFolder().toStdString(), state.SourceVideo, kThisPlatform));
+    Timer3.start();
+}
+
+void Form1::Timer3_Timer() {
+    const std::optional<double> seconds = durationProbe_ ? durationProbe_->seconds() : std::nullopt;
+    const std::string shown = runningTimeText(seconds);
+    c_.Text1->setText(QString::fromStdString(shown));
+    // Until a time is known the box reads empty, and polling goes on; the probe is never asked
+    // again, so a file without a running time costs one ffprobe in all.
+    if (runningTimeKnown(shown)) Timer3.stop();
+    // The seconds box drives the bit rate of the target-size arithmetic.
+    if (const auto videoSeconds = videoSecondsShown(shown, seconds)) {
+        c_.Text8->setText(QString::number(*videoSeconds));
+    }
+}
 
 }  // namespace quillet
