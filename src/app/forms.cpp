@@ -2,6 +2,7 @@
 
 #include <QVariant>
 
+#include "app/form3.h"
 #include "app/form4.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
@@ -42,6 +43,9 @@ Form& Forms::load(FormId id) {
 
 Form1& Forms::form1() {
     return load<Form1>(FormId::Form1);
+}
+Form3& Forms::form3() {
+    return load<Form3>(FormId::Form3);
 }
 Form4& Forms::form4() {
     return load<Form4>(FormId::Form4);

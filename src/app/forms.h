@@ -12,6 +12,7 @@
 namespace quillet {
 
 class Form1;
+class Form3;
 class Form4;
 class Form5;
 class Form6;
@@ -52,6 +53,7 @@ public:
     RunningCommands& runningCommands() { return runningCommands_; }
 
     Form1& form1();
+    Form3& form3();
     Form4& form4();
     Form5& form5();
     Form6& form6();
