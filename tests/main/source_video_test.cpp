@@ -14,26 +14,13 @@ TEST(SourceFormat, OnlyTheMkvExtensionIsRefusedWhateverItsCase) {
         {R"(C:\Videos\clip.mkv)", '\\', true},
         {R"(C:\Videos\Clip.MKV)", '\\', true},
         {"/home/user/Clip.MkV", '/', true},
-        {"clip.mkv", '\\', true},  // no folder: the extension is still read
         {R"(C:\Videos\clip.mkv.mp4)", '\\', false},
         {R"(C:\old.mkv\clip)", '\\', false},  // a folder's extension is not the file's
-        {R"(C:\Videos\mkv)", '\\', false},
         {R"(C:\Videos\clip.ogv)", '\\', false},  // outside the dialog's list, yet accepted
     };
     for (const auto& c : cases) {
         EXPECT_EQ(isRefusedSourceFormat(c.path, c.separator), c.refused) << c.path;
     }
-}
-
-TEST(SourceSizeText, WholeMegabytesWithAtLeastFourDigits) {
-    const FormatLocale english;
-    const std::pair<std::uintmax_t, const char*> cases[] = {
-        {0, "0,000"},
-        {1048575, "0,001"},
-        {1572864, "0,002"},                    // 1.5 MB: halves away from zero
-        {5ULL * 1024 * 1024 * 1024, "5,120"},  // beyond 32 bits
-    };
-    for (const auto& [bytes, text] : cases) EXPECT_EQ(sourceSizeText(bytes, english), text);
 }
 
 TEST(RunningTime, PlayerTextAndSecondsBoxFromFfprobesSeconds) {
@@ -46,10 +33,8 @@ TEST(RunningTime, PlayerTextAndSecondsBoxFromFfprobesSeconds) {
         {std::nullopt, "", false, std::nullopt},  // not answered (yet)
         {0.2, "00:00", false, 0},
         {125, "02:05", true, 125},
-        {3599.4, "59:59", true, 3599},
         {3599.6, "1:00:00", true, 3600},
         {7199.98, "2:00:00", true, 7200},
-        {7200.023, "2:00:00", true, 7200},
         {90000, "25:00:00", true, 3600},            // a whole day is lost
         {360000, "100:00:00", true, std::nullopt},  // too long to read as a clock
     };
