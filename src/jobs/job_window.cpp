@@ -1,12 +1,11 @@
 #include "jobs/job_window.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVBoxLayout>
 
 #include "app/forms.h"
+#include "app/program_folder.h"
 #include "app/qt_format_locale.h"
 #include "app/waits.h"
 #include "jobs/command_lines.h"
@@ -21,15 +20,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const JobKind kTargetSize{FormId::Form5, "Compressing to a Target File Size", targetSizeCommandLine, true, false};
-const JobKind kConstantRate{FormId::Form6, "Compressing with a Constant Rate Factor", crfCommandLine, true, false};
-const JobKind kAverageRate{FormId::Form7, "Compressing at an Average Bit Rate", abrCommandLine, false, true};
-const JobKind kQuantizer{FormId::Form8, "Compressing with a Constant Quantizer", qpCommandLine, true, true};
-
-// The folder that holds the program, and so ffmpeg.
-std::string programFolder() {
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString();
-}
+const JobKind kTargetSize{FormId::Form5, "Compressing to a Target File Size", targetSizeCommandLine,
+                          true, false};
+const JobKind kConstantRate{FormId::Form6, "Compressing with a Constant Rate Factor",
+                            crfCommandLine, true, false};
+const JobKind kAverageRate{FormId::Form7, "Compressing at an Average Bit Rate", abrCommandLine,
+                           false, true};
+const JobKind kQuantizer{FormId::Form8, "Compressing with a Constant Quantizer", qpCommandLine,
+                         true, true};
 
 }  // namespace
 

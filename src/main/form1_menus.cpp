@@ -1,7 +1,5 @@
 // The main window's menu bar and its commands.
 #include <QAction>
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
@@ -10,6 +8,8 @@
 
 #include "app/forms.h"
 #include "app/platform_names.h"
+#include "app/program_folder.h"
+#include "app/tool_check.h"
 #include "app/waits.h"
 #include "main/form1.h"
 #include "main/menu_items.h"
@@ -17,15 +17,6 @@
 #include "main/xp_slider.h"
 
 namespace quillet {
-
-namespace {
-
-// The folder that holds the program, its help document and the tools.
-std::string programFolder() {
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath()).toStdString();
-}
-
-}  // namespace
 
 void Form1::buildMenus() {
     const std::map<std::string, std::function<void()>> commands = {
@@ -88,6 +79,7 @@ void Form1::mnu_StartCompress_Click() {
 }
 
 void Form1::openTool() {
+    checkToolPresence(programFolderPath(), kThisPlatform, forms_.dialogs());
     // No method stays chosen while a tool works: the user chooses again afterwards.
     for (XpSlider* slider : {c_.xpSlider2, c_.xpSlider4, c_.xpSlider5, c_.xpSlider6, c_.xpSlider7,
                              c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {

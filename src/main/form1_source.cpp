@@ -1,6 +1,4 @@
 // Choosing the source video and finding its running time.
-#include <QCoreApplication>
-#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -12,6 +10,7 @@
 
 #include "app/forms.h"
 #include "app/platform_names.h"
+#include "app/program_folder.h"
 #include "app/qt_format_locale.h"
 #include "app/tool_check.h"
 #include "jobs/output_name.h"
@@ -44,11 +43,6 @@ private:
     std::function<void(int)> handler_;
 };
 
-// The folder that holds the program, and so ffmpeg and ffprobe.
-QString programFolder() {
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
-}
-
 }  // namespace
 
 void Form1::connectSourceLabel() {
@@ -66,8 +60,7 @@ void Form1::Label21_MouseUp(int Button) {
     ProgramState& state = forms_.state();
     Dialogs& dialogs = forms_.dialogs();
     const char separator = kThisPlatform.separator;
-    checkToolPresence(std::filesystem::path(programFolder().toStdU16String()), kThisPlatform,
-                      dialogs);
+    checkToolPresence(programFolderPath(), kThisPlatform, dialogs);
     const std::string chosen =
         dialogs.openFile(kSourceDialogTitle, state.DesktopFolder, kSourceDialogFilter);
     if (chosen.empty()) return;
@@ -98,7 +91,7 @@ void Form1::Label21_MouseUp(int Button) {
     }
     // A probe of an earlier source is ended by its replacement, without waiting for it.
     durationProbe_ = std::make_unique<DurationProbe>(
-        durationProbeCommandLine(programFolder().toStdString(), state.SourceVideo, kThisPlatform));
+        durationProbeCommandLine(programFolder(), state.SourceVideo, kThisPlatform));
     Timer3.start();
 }
 

@@ -52,6 +52,16 @@ TEST_F(Form1Menus, StartWithoutASourceAsksAndCancelDoesNothingElse) {
     EXPECT_EQ(state.CompressionMethod, "");
 }
 
+TEST_F(Form1Menus, RetryOpensTheSourceDialog) {
+    dialogs.answerBox(MessageBoxButton::Retry);
+    trigger("mnu_StartCompress");
+    const auto& shown = dialogs.shown();
+    ASSERT_GE(shown.size(), 2u);
+    EXPECT_EQ(shown.back().kind, "open file");
+    EXPECT_EQ(shown.back().title, "Compress Video");
+    EXPECT_EQ(state.CompressionMethod, "");  // starting is not repeated after the dialog
+}
+
 TEST_F(Form1Menus, ShowCpuTurnsTheDisplayOffAndOn) {
     QAction* item = form.findChild<QAction*>("mnu_ShowCPU");
     ASSERT_TRUE(item->isChecked());
@@ -100,6 +110,9 @@ TEST_F(Form1Menus, OpeningAToolLeavesNoMethodChosen) {
         EXPECT_TRUE(c.xpSlider3->isEnabled()) << tool;
         c.xpOption1->item(2)->click();
     }
+    // Each tool command first looks for the tools, which this test's folder does not hold.
+    ASSERT_EQ(dialogs.shown().size(), 3u);
+    for (const auto& box : dialogs.shown()) EXPECT_EQ(box.title, "FFmpeg Components Not Found");
 }
 
 }  // namespace
