@@ -7,9 +7,11 @@
 #include <QLocale>
 #include <QTime>
 
+#include "app/form3.h"
 #include "app/forms.h"
 #include "app/program_end.h"
 #include "app/qt_format_locale.h"
+#include "app/settings_store.h"
 #include "app/twips.h"
 #include "app/waits.h"
 #include "main/compression_settings.h"
@@ -89,6 +91,9 @@ void Form1::Form_Load() {
     }
     Timer9.start();
     forms_.state().PresetName = "veryfast";
+    // The monitor takes its first reading as it loads; a stored "off" then shows zero at once.
+    forms_.form3();
+    applyStoredCpuSwitch();
 }
 
 void Form1::setOuterSize(QSize outer) {
@@ -175,6 +180,7 @@ void Form1::showEvent(QShowEvent* event) {
 }
 
 void Form1::Form_QueryUnload() {
+    saveCpuMonitorSwitch(forms_.state().CpuMonitorEnabled);
     endProgram(forms_);
 }
 

@@ -82,6 +82,10 @@ private:
     // The menu bar and its commands.
     void buildMenus();
     void mnu_ShowCPU_Click();
+    // Puts the stored processor-monitor switch in place; a stored text other than 1 or 0 leaves
+    // it as it is.
+    void applyStoredCpuSwitch();
+    void showCpuMonitor(bool on);
     void mnu_StartCompress_Click();
     void openTool();
     void mnu_Help_Click();

@@ -52,16 +52,22 @@ void Form1::setProgressValue(double seconds) {
     if (std::isfinite(seconds)) c_.PBar->setValue(static_cast<int>(std::lround(seconds)));
 }
 
-void Form1::setProgressCaption(const QString& caption) { c_.Label1->setText(caption); }
+void Form1::setProgressCaption(const QString& caption) {
+    c_.Label1->setText(caption);
+}
 
-void Form1::setWrittenText(const QString& text) { c_.status(StatusCell::Written)->setText(text); }
+void Form1::setWrittenText(const QString& text) {
+    c_.status(StatusCell::Written)->setText(text);
+}
 
 void Form1::highlightProgress() {
     showHighlighted(c_.status(StatusCell::Written), true);
     Timer13.start();
 }
 
-bool Form1::playOnCompletion() const { return c_.Check1->isChecked(); }
+bool Form1::playOnCompletion() const {
+    return c_.Check1->isChecked();
+}
 
 void Form1::resetProgressDisplay() {
     c_.PBar->setValue(0);
@@ -83,9 +89,18 @@ void Form1::ResetApp() {
     c_.Text1->setText("0:00:00");
     c_.Text3->setText("0:00:00");
     const std::pair<QLabel*, const char*> labels[] = {
-        {c_.Label9, "VeryFast"}, {c_.Label12, "20"},  {c_.Label30, "920"}, {c_.Label31, "k"},
-        {c_.Label33, "14"},      {c_.Label35, "1.1"}, {c_.Label39, "M"},   {c_.Label36, "2.0"},
-        {c_.Label40, "M"},       {c_.Label42, "18"},  {c_.Label45, "1.1"}, {c_.Label46, "M"},
+        {c_.Label9, "VeryFast"},
+        {c_.Label12, "20"},
+        {c_.Label30, "920"},
+        {c_.Label31, "k"},
+        {c_.Label33, "14"},
+        {c_.Label35, "1.1"},
+        {c_.Label39, "M"},
+        {c_.Label36, "2.0"},
+        {c_.Label40, "M"},
+        {c_.Label42, "18"},
+        {c_.Label45, "1.1"},
+        {c_.Label46, "M"},
         {c_.Label2, "Target Size - 60% of Original Video Size"},
         {c_.status(StatusCell::Method), "Method:Target Size"},
         {c_.status(StatusCell::SourceSize), "Init Size: 0,000Mb"},

@@ -9,6 +9,7 @@
 #include "app/forms.h"
 #include "app/platform_names.h"
 #include "app/program_folder.h"
+#include "app/settings_store.h"
 #include "app/tool_check.h"
 #include "app/waits.h"
 #include "main/form1.h"
@@ -51,18 +52,20 @@ void Form1::buildMenus() {
 }
 
 void Form1::mnu_ShowCPU_Click() {
-    ProgramState& state = forms_.state();
-    QAction* item = findChild<QAction*>("mnu_ShowCPU");
     // The action has already flipped its tick when this runs: what counts is the flag.
-    if (state.CpuMonitorEnabled) {
-        state.CpuMonitorEnabled = false;
-        item->setChecked(false);
-        handlePendingEvents();
-        c_.status(StatusCell::Cpu)->setText("CPU: 00.00%");
-    } else {
-        state.CpuMonitorEnabled = true;
-        item->setChecked(true);
-    }
+    showCpuMonitor(!forms_.state().CpuMonitorEnabled);
+}
+
+void Form1::applyStoredCpuSwitch() {
+    if (const auto on = readCpuMonitorSwitch()) showCpuMonitor(*on);
+}
+
+void Form1::showCpuMonitor(bool on) {
+    forms_.state().CpuMonitorEnabled = on;
+    findChild<QAction*>("mnu_ShowCPU")->setChecked(on);
+    if (on) return;
+    handlePendingEvents();
+    c_.status(StatusCell::Cpu)->setText("CPU: 00.00%");
 }
 
 void Form1::mnu_StartCompress_Click() {

@@ -35,7 +35,6 @@ TEST_F(Form1Settings, StartsWithTheDesignedTextsWhateverTheSliderPositions) {
         {c.Label2, "Target Size - 60% of Original Video Size"},
         {c.Label1, "Compression Progress 00.00% Completed"},
         {c.status(StatusCell::Method), "Method:Target Size"},
-        {c.status(StatusCell::Cpu), "CPU: Calculating"},
         {c.status(StatusCell::SourceSize), "Init Size: 0,000Mb"},
         {c.status(StatusCell::Written), "Writen: 0,000Mb"},
         {c.status(StatusCell::SampleRate), "44100Hz"}};
