@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -14,7 +15,6 @@
 
 #include "app/forms.h"
 #include "app/platform_names.h"
-#include "app/program_end.h"
 #include "app/scripted_dialogs.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
@@ -36,7 +36,7 @@ int childProcesses() {
     return count;
 }
 
-// Exit while a compression runs: every window goes, ffmpeg is ended, the program quits.
+// File > Exit while a compression runs: every window goes, ffmpeg is ended, the program quits.
 TEST(ExitDuringJob, EndsFfmpegAndQuits) {
     QTemporaryDir folder;
     const QString source = folder.filePath("long.mp4");
@@ -62,7 +62,7 @@ TEST(ExitDuringJob, EndsFfmpegAndQuits) {
     int runningAtExit = 0;
     QTimer::singleShot(2500, [&] {
         runningAtExit = childProcesses();
-        endProgram(forms);
+        form.findChild<QAction*>("mnu_Exit")->trigger();
     });
     QTimer::singleShot(30000, [] { QCoreApplication::exit(1); });
     QElapsedTimer clock;
