@@ -95,6 +95,7 @@ void JobWindow::CompressVideo() {
         if (Form1* form1 = mainWindow()) form1->setSpeedDisplayRunning(true);
     }
     outputLabel_->setText("Output: " + QString::fromStdString(state.OutputVideo));
+    adjustSize();
     objDOS->setCommandLine(kind_.commandLine(programFolder(), state, kThisPlatform));
     objDOS->ExecuteCommand("");
 
