@@ -1,5 +1,7 @@
 #include "app/file_filter.h"
 
+#include "app/text_format.h"
+
 namespace quillet {
 
 namespace {
@@ -15,12 +17,6 @@ std::vector<std::string> splitBars(const std::string& text) {
     return parts;
 }
 
-std::string trimBlanks(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 }  // namespace
 
 std::vector<std::string> fileDialogFilters(const std::string& filter) {
@@ -28,8 +24,8 @@ std::vector<std::string> fileDialogFilters(const std::string& filter) {
     if (filter.empty()) return entries;
     const std::vector<std::string> parts = splitBars(filter);
     for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
-        const std::string description = trimBlanks(parts[i]);
-        const std::string pattern = trimBlanks(parts[i + 1]);
+        const std::string description(trimBlanks(parts[i]));
+        const std::string pattern(trimBlanks(parts[i + 1]));
         if (!description.empty() && description.back() == ')') {
             entries.push_back(description);
         } else {

@@ -310,4 +310,10 @@ std::string formatLongDate(const CalendarDate& date, const FormatLocale& locale)
            std::to_string(date.day) + " " + year;
 }
 
+std::string_view trimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 }  // namespace quillet

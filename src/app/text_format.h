@@ -25,6 +25,9 @@ struct FormatLocale {
                                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 };
 
+// `text` without the blanks at either end (only spaces count, as the windows' texts are trimmed).
+std::string_view trimBlanks(std::string_view text);
+
 // A fixed-point number pattern: at least minIntegerDigits integer digits (zero-padded), exactly
 // `decimals` decimals, and optionally the group separator every three integer digits.
 struct NumberPattern {

@@ -4,16 +4,6 @@
 
 namespace quillet {
 
-namespace {
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
-
 std::string methodCode(int index) {
     static const char* const codes[] = {"TFS", "CRF", "ABR", "QP"};
     return index >= 0 && index < 4 ? codes[index] : "";
@@ -33,12 +23,16 @@ void copyShownSettings(const ShownSettings& shown, ProgramState& state,
     state.VideoSeconds = shown.videoSeconds;
     state.VideoBitRate = shown.videoBitRate;
     state.CRFValue = shown.crf;
-    state.ABRBitRate = trimmed(shown.abrValue);
-    state.MinBitRate = trimmed(shown.minRateValue) + trimmed(shown.minRateUnit);
-    state.MaxBitRate = trimmed(shown.maxRateValue) + trimmed(shown.maxRateUnit);
-    state.BufferSize = trimmed(shown.bufferValue) + trimmed(shown.bufferUnit);
+    // A value shown with its unit letter is passed on as one text, "1.1M".
+    const auto joined = [](const std::string& value, const std::string& unit) {
+        return std::string(trimBlanks(value)) + std::string(trimBlanks(unit));
+    };
+    state.ABRBitRate = trimBlanks(shown.abrValue);
+    state.MinBitRate = joined(shown.minRateValue, shown.minRateUnit);
+    state.MaxBitRate = joined(shown.maxRateValue, shown.maxRateUnit);
+    state.BufferSize = joined(shown.bufferValue, shown.bufferUnit);
     state.QPValue = shown.qp;
-    state.AudioBitRate = trimmed(shown.audioBitRate) + "k";
+    state.AudioBitRate = joined(shown.audioBitRate, "k");
     state.PresetName = shown.preset;
     applyBitRateStep(state, locale);
 }

@@ -14,9 +14,7 @@ std::string twoDigits(long long value) {
 }  // namespace
 
 std::string trimmedSourcePath(const std::string& chosen) {
-    const auto first = chosen.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return chosen.substr(first, chosen.find_last_not_of(' ') - first + 1);
+    return std::string(trimBlanks(chosen));
 }
 
 bool isRefusedSourceFormat(const std::string& path, char separator) {

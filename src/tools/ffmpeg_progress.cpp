@@ -25,12 +25,6 @@ std::string_view cut(std::string_view text, std::size_t start, std::size_t lengt
     return text.substr(start, length);
 }
 
-std::string_view trimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The 15 characters that start at `key`, from their 6th character on, `length` of them: the
 // field behind "speed" ("=1.23x") or behind "size=" ("    2048").
 std::optional<std::string> field(std::string_view piece, std::string_view key, std::size_t length) {
