@@ -11,11 +11,9 @@ TEST(SourceFormat, OnlyTheMkvExtensionIsRefusedWhateverItsCase) {
         char separator;
         bool refused;
     } cases[] = {
-        {R"(C:\Videos\clip.mkv)", '\\', true},
-        {R"(C:\Videos\Clip.MKV)", '\\', true},
-        {"/home/user/Clip.MkV", '/', true},
-        {R"(C:\Videos\clip.mkv.mp4)", '\\', false},
-        {R"(C:\old.mkv\clip)", '\\', false},  // a folder's extension is not the file's
+        {R"(C:\Videos\clip.mkv)", '\\', true},  {R"(C:\Videos\Clip.MKV)", '\\', true},
+        {"/home/user/Clip.MkV", '/', true},     {R"(C:\Videos\clip.mkv.mp4)", '\\', false},
+        {R"(C:\old.mkv\clip)", '\\', false},     // a folder's extension is not the file's
         {R"(C:\Videos\clip.ogv)", '\\', false},  // outside the dialog's list, yet accepted
     };
     for (const auto& c : cases) {
