@@ -28,10 +28,10 @@ struct ShownSettings {
 std::string methodCode(int index);
 
 // Copies the shown settings into the job settings, in the order a job start does it: clears
-// CompressionMethod, JobFinished and OutputOpened, sets the code of the selected method (none selected
-// leaves it empty; were several selected, the last would count), copies the texts (trimmed and
-// joined with their units where they have one, "k" after the audio rate), then runs the bit-rate
-// step (applyBitRateStep).
+// CompressionMethod, JobFinished and OutputOpened, sets the code of the selected method (none
+// selected leaves it empty; were several selected, the last would count), copies the texts (trimmed
+// and joined with their units where they have one, "k" after the audio rate), then runs the
+// bit-rate step (applyBitRateStep).
 void copyShownSettings(const ShownSettings& shown, ProgramState& state, const FormatLocale& locale);
 
 }  // namespace quillet
