@@ -4,9 +4,4 @@
 # out), the program's processor time as a share of ffmpeg's (target at most 2%), the program's peak
 # memory (target at most 80 MB), and the output size against targets of 1, 2 and 5 MB.
 # Usage: bench/target_size_job.sh   (builds an optimised copy in build-bench/)
-set -euo pipefail
-top=$(cd "$(dirname "$0")/.." && pwd)
-build=${BENCH_BUILD_DIR:-$top/build-bench}
-cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
-cmake --build "$build" --target target_size_job >/dev/null
-QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} "$build/bench/target_size_job"
+exec "$(dirname "$0")/build_and_run.sh" target_size_job
