@@ -1,11 +1,14 @@
-// The child process on POSIX systems: posix_spawn without a shell, standard output and standard
-// error both on one pipe, standard input on a pipe of our own.
+// The child process on POSIX systems: fork and exec without a shell, standard output and standard
+// error both on one pipe, standard input on a pipe of our own. On Linux the child dies with this
+// program.
 #ifndef _WIN32
 
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/stat.h>
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,8 +20,6 @@
 
 #include "tools/child_process.h"
 #include "tools/program_lookup.h"
-
-extern char** environ;
 
 namespace quillet {
 
@@ -69,39 +70,97 @@ bool isExecutableFile(const std::string& path) {
            ::access(path.c_str(), X_OK) == 0;
 }
 
+// What the child needs between fork and exec, all of it prepared before the fork: after the fork
+// only async-signal-safe calls are allowed (another thread may have held the allocator's lock).
+struct Launch {
+    const char* file;
+    char* const* argv;
+    int input;
+    int output;
+    int error;  // write end of the pipe that carries errno back when the program cannot be run
+    pid_t parent;
+};
+
+// Runs in the child and never returns.
+[[noreturn]] void runChild(const Launch& launch) {
+    int failure = 0;
+    if (::dup2(launch.input, STDIN_FILENO) < 0 || ::dup2(launch.output, STDOUT_FILENO) < 0 ||
+        ::dup2(launch.output, STDERR_FILENO) < 0) {
+        failure = errno;
+    }
+    if (failure == 0) {
+        // The child starts with no blocked signals and the default handling of the signals it is
+        // ended with, whatever this program has set for itself. A handler of ours must not run
+        // here either once signals are unblocked, so every caught signal goes back to default too.
+        for (int number = 1; number < NSIG; ++number) {
+            struct sigaction current {};
+            if (::sigaction(number, nullptr, &current) != 0) continue;
+            const bool endsTheChild =
+                number == SIGPIPE || number == SIGTERM || number == SIGINT || number == SIGHUP;
+            if (endsTheChild || (current.sa_handler != SIG_DFL && current.sa_handler != SIG_IGN)) {
+                struct sigaction byDefault {};
+                byDefault.sa_handler = SIG_DFL;
+                ::sigaction(number, &byDefault, nullptr);
+            }
+        }
+        sigset_t noSignals;
+        sigemptyset(&noSignals);
+        ::sigprocmask(SIG_SETMASK, &noSignals, nullptr);
+#ifdef __linux__
+        // The tool dies with this program, however it ends. The system ties this to the thread
+        // that started the child, not to the process: children are started from the window
+        // thread or from a thread that outlives them.
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+        // This program may have died before the line above took effect.
+        if (::getppid() != launch.parent) ::_exit(127);
+        ::execv(launch.file, launch.argv);
+        failure = errno;
+    }
+    while (::write(launch.error, &failure, sizeof failure) < 0 && errno == EINTR) {
+    }
+    ::_exit(127);
+}
+
 // Starts the program with `input` as its standard input and `output` as both standard output and
-// standard error. The child starts with no blocked signals and the default handling of the signals
-// it is ended with, whatever this program has set for itself. Returns -1 when it cannot start.
+// standard error. Returns -1 when it cannot start, the program included: the child reports a
+// failed exec through a close-on-exec pipe, which simply closes when the exec succeeds.
 pid_t spawn(const ProgramCall& call, int input, int output) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
-
-    sigset_t noSignals;
-    sigset_t defaultSignals;
-    sigemptyset(&noSignals);
-    sigemptyset(&defaultSignals);
-    for (const int number : {SIGPIPE, SIGTERM, SIGINT}) sigaddset(&defaultSignals, number);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setsigmask(&attributes, &noSignals);
-    posix_spawnattr_setsigdefault(&attributes, &defaultSignals);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-
     std::vector<char*> argv;
     for (const std::string& argument : call.arguments) {
         argv.push_back(const_cast<char*>(argument.c_str()));
     }
     argv.push_back(nullptr);
 
-    pid_t pid = -1;
-    const int failed =
-        ::posix_spawn(&pid, call.file.c_str(), &actions, &attributes, argv.data(), environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    return failed == 0 ? pid : -1;
+    Descriptor errorRead;
+    Descriptor errorWrite;
+    if (!makePipe(errorRead, errorWrite)) return -1;
+    const Launch launch{call.file.c_str(), argv.data(), input, output,
+                        errorWrite.get(),  ::getpid()};
+
+    // No handler of ours may run in the child before it has reset them all.
+    sigset_t allSignals;
+    sigset_t previous;
+    sigfillset(&allSignals);
+    pthread_sigmask(SIG_SETMASK, &allSignals, &previous);
+    const pid_t pid = ::fork();
+    if (pid == 0) runChild(launch);
+    pthread_sigmask(SIG_SETMASK, &previous, nullptr);
+    if (pid < 0) return -1;
+
+    errorWrite.reset();
+    int failure = 0;
+    ssize_t count;
+    while ((count = ::read(errorRead.get(), &failure, sizeof failure)) < 0 && errno == EINTR) {
+    }
+    if (count == 0) return pid;  // the pipe closed on exec
+    // The child never ran the program (or, should the pipe fail, cannot be told apart from one
+    // that did not): it is ended and released here, as no one else will know of it.
+    ::kill(pid, SIGKILL);
+    while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    errno = failure;
+    return -1;
 }
 
 // Writes one byte without letting a child that has already gone end this program with SIGPIPE.

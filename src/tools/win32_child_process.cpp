@@ -1,5 +1,6 @@
 // The child process on Windows: CreateProcessW, hidden and without a console window, standard
-// output and standard error both on one anonymous pipe, standard input on a pipe of our own.
+// output and standard error both on one anonymous pipe, standard input on a pipe of our own. Every
+// child belongs to one job of this program, so that it dies with the program.
 #ifdef _WIN32
 
 #ifndef WIN32_LEAN_AND_MEAN
@@ -61,6 +62,25 @@ std::wstring widen(const std::string& text) {
     return wide;
 }
 
+// The job every child joins, made on first use and never closed: however this program ends, the
+// system then closes the last handle to the job and ends every child still in it. Null when the
+// system does not let us make one; children then run outside any job.
+HANDLE childrenJob() {
+    static const HANDLE job = [] {
+        HANDLE made = ::CreateJobObjectW(nullptr, nullptr);  // not inheritable: no child holds it
+        if (!made) return HANDLE{nullptr};
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        if (!::SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits,
+                                       sizeof limits)) {
+            ::CloseHandle(made);
+            return HANDLE{nullptr};
+        }
+        return made;
+    }();
+    return job;
+}
+
 // Starts the command hidden, with exactly `input` and `output` inherited: a child that another
 // runner starts at the same moment receives neither, so each output ends when its own child does.
 bool createHidden(std::wstring commandLine, HANDLE input, HANDLE output,
@@ -83,7 +103,9 @@ bool createHidden(std::wstring commandLine, HANDLE input, HANDLE output,
         startup.StartupInfo.hStdOutput = output;
         startup.StartupInfo.hStdError = output;
         startup.lpAttributeList = attributes;
-        const DWORD flags = NORMAL_PRIORITY_CLASS | CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT;
+        // Suspended until it is in the job, so that nothing it starts itself escapes the job.
+        const DWORD flags = NORMAL_PRIORITY_CLASS | CREATE_NO_WINDOW | CREATE_SUSPENDED |
+                            EXTENDED_STARTUPINFO_PRESENT;
         created = ::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, flags,
                                    nullptr, nullptr, &startup.StartupInfo, &process) != 0;
     }
@@ -120,8 +142,16 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     childOutput.reset();
     childInput.reset();
     if (!created) return nullptr;
-    ::CloseHandle(process.hThread);
     native->process.reset(process.hProcess);
+    Handle thread;
+    thread.reset(process.hThread);
+    // A child that cannot join the job (this program may sit in a job that forbids it) still runs,
+    // only without dying with the program.
+    if (const HANDLE job = childrenJob()) ::AssignProcessToJobObject(job, process.hProcess);
+    if (::ResumeThread(thread.get()) == static_cast<DWORD>(-1)) {
+        ::TerminateProcess(process.hProcess, 1);
+        return nullptr;
+    }
     return std::shared_ptr<ChildProcess>(new ChildProcess(std::move(native)));
 }
 
