@@ -1,9 +1,11 @@
+// The program's entry: refuses a second copy, puts every window in the registry and starts up.
 #include <QApplication>
 
-#include "app/forms.h"
+#include "app/program_end.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
-#include "app/waits.h"
+#include "app/termination_signals.h"
+#include "main/program_windows.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -21,9 +23,8 @@ int main(int argc, char** argv) {
     }
 
     quillet::ProgramState state;
-    quillet::Forms forms(state, *dialogs);
+    quillet::ProgramForms forms(state, *dialogs);
+    quillet::endOnTerminationSignals([&forms] { quillet::endProgram(forms); });
     quillet::runStartup(forms);
-    // The main window may already have been closed while start-up waited.
-    if (quillet::programEnding()) return 0;
     return QApplication::exec();
 }

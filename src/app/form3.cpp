@@ -4,10 +4,8 @@
 #include <QLocale>
 
 #include "app/cpu_monitor.h"
-#include "app/forms.h"
+#include "app/main_window.h"
 #include "app/qt_format_locale.h"
-#include "app/waits.h"
-#include "main/form1.h"
 
 namespace quillet {
 
@@ -27,16 +25,12 @@ void Form3::Form_Load() {
 }
 
 bool Form3::takeReading() {
-    // The window stays whole while the yields below let other handlers run, even if one of them
-    // unloads it.
-    Forms::Busy busy(this);
-    handlePendingEvents();
     const std::optional<double> percent = sampler_->read();
-    handlePendingEvents();
-    if (!percent || !forms_.isLoaded(FormId::Form1)) return false;
+    MainWindow* mainWindow = forms_.mainWindow();
+    if (!percent || !mainWindow) return false;
     const std::optional<std::string> text = cpuLabelText(*percent, formatLocale(QLocale()));
     if (!text) return false;
-    forms_.form1().controls().status(StatusCell::Cpu)->setText(QString::fromStdString(*text));
+    mainWindow->showCpuText(*text);
     return true;
 }
 

@@ -5,12 +5,11 @@
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <utility>
 
-#include "app/forms.h"
+#include "app/main_window.h"
 #include "app/qt_format_locale.h"
 #include "app/twips.h"
-#include "app/waits.h"
-#include "main/form1.h"
 
 namespace quillet {
 
@@ -70,10 +69,13 @@ Form4::Form4(Forms& forms)
     Timer1.start();
     Timer2.start();
     Timer4.start();
+    mainWindowWait_.setSingleShot(true);
+    mainWindowWait_.setTimerType(Qt::PreciseTimer);
+    mainWindowWait_.setInterval(1000);
+    connect(&mainWindowWait_, &QTimer::timeout, this, &Form4::showMainWindow);
 }
 
 void Form4::Form_Load() {
-    Forms::Busy busy(this);
     Timer3.stop();
     if (!forms_.state().SplashFinished) {
         centre();
@@ -81,10 +83,22 @@ void Form4::Form_Load() {
     }
     setWindowOpacity(1.0);
     Shape1->setGeometry(2, 2, width() - 4, height() - 4);
-    forms_.form1();
-    waitHandlingEvents(std::chrono::seconds(1));
+    forms_.load(FormId::Form1);
+    mainWindowWait_.start();
+}
+
+void Form4::Form_Unload() {
+    mainWindowWait_.stop();
+}
+
+void Form4::whenMainWindowShown(std::function<void()> next) {
+    whenMainWindowShown_ = std::move(next);
+}
+
+void Form4::showMainWindow() {
     // The main window may have gone during the wait (the program ending); it is not brought back.
-    if (forms_.isLoaded(FormId::Form1)) forms_.form1().show();
+    if (forms_.isLoaded(FormId::Form1)) forms_.load(FormId::Form1).show();
+    if (whenMainWindowShown_) std::exchange(whenMainWindowShown_, nullptr)();
 }
 
 void Form4::centre() {
@@ -96,7 +110,7 @@ void Form4::centre() {
 void Form4::Timer1_Timer() {
     // The fade starts only once the main window is up behind the splash; otherwise look again at
     // the next tick.
-    if (!forms_.isLoaded(FormId::Form1) || !forms_.form1().isVisible()) return;
+    if (!forms_.isLoaded(FormId::Form1) || !forms_.load(FormId::Form1).isVisible()) return;
     Timer1.stop();
     Timer2.stop();
     Timer3.start();

@@ -3,46 +3,40 @@
 #include <QPointer>
 #include <QWidget>
 #include <array>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "app/dialogs.h"
+#include "app/form_id.h"
 #include "app/program_state.h"
 #include "tools/running_commands.h"
 
 namespace quillet {
 
-class Form1;
-class Form3;
-class Form4;
-class Form5;
-class Form6;
-class Form7;
-class Form8;
+class MainWindow;
 
-enum class FormId {
-    Form1,
-    Form2,
-    Form3,
-    Form4,
-    Form5,
-    Form6,
-    Form7,
-    Form8,
-    Form9,
-    Form10,
-    Form11,
-    Form13,
-    Form14,
-    Count
+// What the registry tells a window: that it has been loaded (its procedures may now run) and that
+// it is being unloaded (hidden at once and destroyed a moment later; a job it runs must end now).
+class FormEvents {
+public:
+    virtual ~FormEvents() = default;
+    virtual void Form_Load() {}
+    virtual void Form_Unload() {}
 };
 
 // The program's windows, reached by name. A window is created and its Form_Load run the first time
-// it is asked for, and destroyed when unloaded. A window whose procedure is still running (see
-// Busy) is only hidden by an unload and destroyed once that procedure has returned, so nothing
-// ever runs on a destroyed window.
+// it is asked for; unloading hides it, tells it so, and destroys it from the event loop, once the
+// handler that unloaded it has returned, so nothing ever runs on a destroyed window.
+//
+// The registry knows the windows only through the factories it is given, so the lower layers that
+// use it need not know the windows above them.
 class Forms {
 public:
-    Forms(ProgramState& state, Dialogs& dialogs);
+    using Factory = std::function<QWidget*(Forms&)>;
+    using Factories = std::array<Factory, kFormCount>;
+
+    Forms(ProgramState& state, Dialogs& dialogs, Factories factories);
     ~Forms();
     Forms(const Forms&) = delete;
     Forms& operator=(const Forms&) = delete;
@@ -52,41 +46,36 @@ public:
     // Every window's command runner comes from here, so that the program can end its children.
     RunningCommands& runningCommands() { return runningCommands_; }
 
-    Form1& form1();
-    Form3& form3();
-    Form4& form4();
-    Form5& form5();
-    Form6& form6();
-    Form7& form7();
-    Form8& form8();
+    // The window, loaded first if need be.
+    QWidget& load(FormId id);
+    // The same, as the class it is: `forms.get<Form1>()`.
+    template <class Form>
+    Form& get() {
+        return dynamic_cast<Form&>(load(Form::kId));
+    }
+    // The main window while it is loaded; null once it has gone (the program ending).
+    MainWindow* mainWindow();
 
     bool isLoaded(FormId id) const;
     void unload(FormId id);
+    // The job and tool windows first, so that their children are asked to stop first.
     void unloadAll();
 
-    // Marks a procedure of a window as running for as long as it lives.
-    class Busy {
-    public:
-        explicit Busy(QWidget* form);
-        ~Busy();
-        Busy(const Busy&) = delete;
-        Busy& operator=(const Busy&) = delete;
-
-    private:
-        QPointer<QWidget> form_;
-    };
+    // Marks the program as ending; false when it already was.
+    bool startEnding() { return !std::exchange(ending_, true); }
+    bool ending() const { return ending_; }
 
 private:
-    template <class Form>
-    Form& load(FormId id);
     QPointer<QWidget>& slot(FormId id) { return slots_[static_cast<std::size_t>(id)]; }
 
     ProgramState& state_;
     Dialogs& dialogs_;
+    Factories factories_;
     RunningCommands runningCommands_;
-    std::array<QPointer<QWidget>, static_cast<std::size_t>(FormId::Count)> slots_;
+    std::array<QPointer<QWidget>, kFormCount> slots_;
     // Every window ever loaded, so that none outlives the registry.
     std::vector<QPointer<QWidget>> created_;
+    bool ending_ = false;
 };
 
 }  // namespace quillet

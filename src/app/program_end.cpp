@@ -1,15 +1,20 @@
 #include "app/program_end.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDialog>
 
 #include "app/forms.h"
-#include "app/waits.h"
 
 namespace quillet {
 
 void endProgram(Forms& forms) {
-    if (programEnding()) return;
-    markProgramEnding();
+    if (!forms.startEnding()) return;
+    // A message box or file dialog left open would keep its own loop, and the handler that opened
+    // it, running after the end: it is answered as if cancelled.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (dialog && dialog->isVisible()) dialog->reject();
+    }
     forms.unloadAll();
     forms.runningCommands().endAll([] { QCoreApplication::quit(); });
 }

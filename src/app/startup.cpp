@@ -1,15 +1,14 @@
 #include "app/startup.h"
 
 #include <QDir>
-#include <QPointer>
 #include <QStandardPaths>
 #include <iostream>
 
 #include "app/form4.h"
 #include "app/forms.h"
+#include "app/main_window.h"
 #include "app/qt_dialogs.h"
 #include "app/scripted_dialogs.h"
-#include "main/form1.h"
 
 namespace quillet {
 
@@ -32,15 +31,16 @@ void runStartup(Forms& forms) {
     state.CpuMonitorEnabled = true;
     state.VideoSeconds = "0";
 
-    // Loading the splash brings up the main window behind it.
-    QPointer<Form4> splash = &forms.form4();
-    if (splash) splash->show();
-    applyStartupDefaults(state);
-    if (splash) {
+    // Loading the splash brings up the main window behind it, a second later; start-up goes on
+    // from there.
+    Form4& splash = forms.get<Form4>();
+    splash.whenMainWindowShown([&forms, splash = &splash] {
+        splash->show();
+        applyStartupDefaults(forms.state());
         splash->centre();
         splash->raise();
-    }
-    if (forms.isLoaded(FormId::Form1)) forms.form1().prepareAtStartup();
+        if (MainWindow* mainWindow = forms.mainWindow()) mainWindow->prepareAtStartup();
+    });
 }
 
 }  // namespace quillet

@@ -8,12 +8,10 @@
 #include <QTime>
 
 #include "app/form3.h"
-#include "app/forms.h"
 #include "app/program_end.h"
 #include "app/qt_format_locale.h"
 #include "app/settings_store.h"
 #include "app/twips.h"
-#include "app/waits.h"
 #include "main/compression_settings.h"
 #include "main/hover_effects.h"
 #include "main/label_looks.h"
@@ -92,7 +90,7 @@ void Form1::Form_Load() {
     Timer9.start();
     forms_.state().PresetName = "veryfast";
     // The monitor takes its first reading as it loads; a stored "off" then shows zero at once.
-    forms_.form3();
+    forms_.load(FormId::Form3);
     applyStoredCpuSwitch();
 }
 
@@ -110,6 +108,10 @@ void Form1::prepareAtStartup() {
                              c_.xpSlider7, c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {
         slider->setEnabled(false);
     }
+}
+
+void Form1::showCpuText(const std::string& text) {
+    c_.status(StatusCell::Cpu)->setText(QString::fromStdString(text));
 }
 
 void Form1::enableMethodItems() {
@@ -153,8 +155,6 @@ void Form1::CompressionSpeedDisplay(int ProcSpeed) {
 }
 
 void Form1::ZeroSpeed() {
-    Forms::Busy busy(this);
-    handlePendingEvents();
     c_.Label8->showAllNormal();
 }
 

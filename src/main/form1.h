@@ -6,22 +6,25 @@
 #include <initializer_list>
 #include <memory>
 
+#include "app/forms.h"
+#include "app/main_window.h"
 #include "main/form1_controls.h"
 #include "main/slider_tables.h"
 #include "tools/duration_probe.h"
+#include "tools/progress_display.h"
 
 namespace quillet {
 
-class Forms;
-
 // The main window, where a user composes a compression job and watches it run.
-class Form1 : public QMainWindow {
+class Form1 : public QMainWindow, public FormEvents, public MainWindow, public ProgressDisplay {
     Q_OBJECT
 
 public:
+    static constexpr FormId kId = FormId::Form1;
+
     explicit Form1(Forms& forms);
 
-    void Form_Load();
+    void Form_Load() override;
 
     // Chooses the source video with the file dialog (left button only; other callers pass 1).
     void Label21_MouseUp(int Button);
@@ -33,7 +36,8 @@ public:
     // What start-up does to the window once it is up: its outer size, the method items other than
     // the target size shown unselected, and every slider but the preset inactive until a method is
     // chosen.
-    void prepareAtStartup();
+    void prepareAtStartup() override;
+    void showCpuText(const std::string& text) override;
 
     // The method items can be chosen once there is a source video.
     void enableMethodItems();
@@ -45,28 +49,27 @@ public:
     void CompressionVars();
 
     // Lights the speed cells 0 up to and including `ProcSpeed`; the others keep their look.
-    void CompressionSpeedDisplay(int ProcSpeed);
-    // Lets pending events run, then returns every speed cell to normal.
+    void CompressionSpeedDisplay(int ProcSpeed) override;
+    // Returns every speed cell to normal.
     void ZeroSpeed();
     // Follows the shared speed level in the speed cells while a job runs.
-    void setSpeedDisplayRunning(bool running);
+    void setSpeedDisplayRunning(bool running) override;
 
-    // What a job window shows here while its ffmpeg runs.
-    void setProgressMaximum(double seconds);
-    void setProgressValue(double seconds);
-    void setProgressCaption(const QString& caption);
-    void setWrittenText(const QString& text);
-    // A piece that moved the percentage: caption and written size in the highlight colour for a
-    // moment.
-    void highlightProgress();
-    bool playOnCompletion() const;
-    // The end of a target-size or CRF job: the bar empty and the caption back to the start.
-    void resetProgressDisplay();
-    void normalSpeedCellsButLast();
+    // What a job shows here while its ffmpeg runs.
+    ProgressDisplay& progressDisplay() override { return *this; }
+    void setProgressMaximum(double seconds) override;
+    void setProgressValue(double seconds) override;
+    void setProgressCaption(const std::string& caption) override;
+    void setWrittenText(const std::string& text) override;
+    // A piece that moved the percentage: the written size in the highlight colour for a moment.
+    void highlightProgress() override;
+    bool playOnCompletion() const override;
+    void resetProgressDisplay() override;
+    void normalSpeedCellsButLast() override;
 
     // The reset procedure (Reset App, and the end of every job and tool): the controls show their
     // initial texts, the shared values go back to theirs, and the job and tool windows go.
-    void ResetApp();
+    void ResetApp() override;
 
     Form1Controls& controls() { return c_; }
 

@@ -6,7 +6,7 @@
 #include <QProgressBar>
 #include <cmath>
 
-#include "app/forms.h"
+#include "jobs/job_steps.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
 #include "main/label_looks.h"
@@ -17,26 +17,20 @@
 namespace quillet {
 
 void Form1::startJobWindow(const std::string& method) {
-    // Loading a job window runs its whole job; the target-size window is closed from here once
-    // its job has finished.
-    if (method == "TFS") {
-        Timer11.start();
-        forms_.form5();
-    } else if (method == "CRF") {
-        forms_.form6();
-    } else if (method == "ABR") {
-        forms_.form7();
-    } else if (method == "QP") {
-        forms_.form8();
-    }
+    const CompressionJob* job = compressionJobForMethod(method);
+    if (!job) return;
+    // Loading a job window starts its job; a window already loaded, its job under way, starts
+    // nothing new. The target-size window is closed from here once its job has finished.
+    if (job->window == Form5::kId) Timer11.start();
+    forms_.load(job->window);
 }
 
 void Form1::Timer11_Timer() {
-    if (!forms_.isLoaded(FormId::Form5)) {
+    if (!forms_.isLoaded(Form5::kId)) {
         Timer11.stop();
         return;
     }
-    Form5& job = forms_.form5();
+    Form5& job = forms_.get<Form5>();
     if (job.isVisible() && forms_.state().JobFinished) {
         job.ExitCompression();
         Timer11.stop();
@@ -52,12 +46,12 @@ void Form1::setProgressValue(double seconds) {
     if (std::isfinite(seconds)) c_.PBar->setValue(static_cast<int>(std::lround(seconds)));
 }
 
-void Form1::setProgressCaption(const QString& caption) {
-    c_.Label1->setText(caption);
+void Form1::setProgressCaption(const std::string& caption) {
+    c_.Label1->setText(QString::fromStdString(caption));
 }
 
-void Form1::setWrittenText(const QString& text) {
-    c_.status(StatusCell::Written)->setText(text);
+void Form1::setWrittenText(const std::string& text) {
+    c_.status(StatusCell::Written)->setText(QString::fromStdString(text));
 }
 
 void Form1::highlightProgress() {
@@ -111,9 +105,7 @@ void Form1::ResetApp() {
     clearMethodSelection();
 
     resetSharedValues(forms_.state());
-    for (FormId id : {FormId::Form5, FormId::Form6, FormId::Form7, FormId::Form8}) {
-        forms_.unload(id);
-    }
+    for (FormId id : kJobAndToolWindows) forms_.unload(id);
 }
 
 }  // namespace quillet

@@ -11,7 +11,6 @@
 #include "app/program_folder.h"
 #include "app/settings_store.h"
 #include "app/tool_check.h"
-#include "app/waits.h"
 #include "main/form1.h"
 #include "main/menu_items.h"
 #include "main/option_array.h"
@@ -64,7 +63,6 @@ void Form1::showCpuMonitor(bool on) {
     forms_.state().CpuMonitorEnabled = on;
     findChild<QAction*>("mnu_ShowCPU")->setChecked(on);
     if (on) return;
-    handlePendingEvents();
     c_.status(StatusCell::Cpu)->setText("CPU: 00.00%");
 }
 

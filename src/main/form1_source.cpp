@@ -56,7 +56,6 @@ void Form1::showSourceName(const QString& name) {
 
 void Form1::Label21_MouseUp(int Button) {
     if (Button != 1) return;
-    Forms::Busy busy(this);
     ProgramState& state = forms_.state();
     Dialogs& dialogs = forms_.dialogs();
     const char separator = kThisPlatform.separator;

@@ -1,7 +1,7 @@
 #include "tools/dos_outputs.h"
 
 #include <deque>
-#include <future>
+#include <optional>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -14,46 +14,55 @@ namespace {
 
 constexpr std::size_t kPieceSize = 256;
 
+}  // namespace
+
 // Pieces read by the reading thread and not yet handed to the owner, oldest first. It grows as
 // needed: the reader never waits for the owner, so the child never stalls on a full pipe.
-class PieceQueue {
-public:
-    // Returns whether the queue was empty, the only case in which the owner may need waking.
-    bool push(std::string piece) {
-        std::lock_guard lock(mutex_);
-        pieces_.push_back(std::move(piece));
-        return pieces_.size() == 1;
+struct RunPieces {
+    explicit RunPieces(std::shared_ptr<OutputWakeup> w) : wakeup(std::move(w)) {}
+
+    void push(std::string piece) {
+        bool wasEmpty = false;
+        {
+            std::lock_guard lock(mutex);
+            wasEmpty = pieces.empty();
+            pieces.push_back(std::move(piece));
+        }
+        // Only the first piece of a batch needs telling: the owner takes all of them at once.
+        if (wasEmpty) wakeup->wake();
     }
 
     bool hasPieces() const {
-        std::lock_guard lock(mutex_);
-        return !pieces_.empty();
+        std::lock_guard lock(mutex);
+        return !pieces.empty();
     }
 
-    std::deque<std::string> takeAll() {
-        std::lock_guard lock(mutex_);
-        return std::exchange(pieces_, {});
+    std::optional<std::string> takeOldest() {
+        std::lock_guard lock(mutex);
+        if (pieces.empty()) return std::nullopt;
+        std::string piece = std::move(pieces.front());
+        pieces.pop_front();
+        return piece;
     }
 
-private:
-    mutable std::mutex mutex_;
-    std::deque<std::string> pieces_;
+    const std::shared_ptr<OutputWakeup> wakeup;
+    mutable std::mutex mutex;
+    std::deque<std::string> pieces;
 };
 
-// Starts the thread that reads the child's output into `pieces`, ending with an empty piece. It
-// is done with `waiter` once `readerDone` is set, and then stays only to release the child when it
-// ends, which may be later than its output. False when no thread can be started.
-bool startReader(std::shared_ptr<ChildProcess> child, std::shared_ptr<PieceQueue> pieces,
-                 OutputWaiter& waiter, std::promise<void> readerDone) {
-    auto read = [child = std::move(child), pieces = std::move(pieces), &waiter,
-                 readerDone = std::move(readerDone)]() mutable {
+namespace {
+
+// Starts the thread that reads the child's output into `run`, ending with an empty piece, then
+// stays only to release the child when it ends, which may be later than its output. The thread
+// shares what it uses, so its owner may go first. False when no thread can be started.
+bool startReader(std::shared_ptr<ChildProcess> child, std::shared_ptr<RunPieces> run) {
+    auto read = [child = std::move(child), run = std::move(run)] {
         char buffer[kPieceSize];
         for (;;) {
             const std::size_t count = child->read(buffer, sizeof buffer);
-            if (pieces->push(std::string(buffer, count))) waiter.wake();
+            run->push(std::string(buffer, count));
             if (count == 0) break;
         }
-        readerDone.set_value();
         child->awaitExit();
     };
     try {
@@ -66,7 +75,7 @@ bool startReader(std::shared_ptr<ChildProcess> child, std::shared_ptr<PieceQueue
 
 }  // namespace
 
-DOSOutputs::DOSOutputs(std::shared_ptr<OutputWaiter> waiter) : waiter_(std::move(waiter)) {}
+DOSOutputs::DOSOutputs() = default;
 
 DOSOutputs::~DOSOutputs() = default;
 
@@ -82,52 +91,73 @@ const std::string& DOSOutputs::Outputs() const {
     return outputs_;
 }
 
-std::string DOSOutputs::ExecuteCommand(const std::string& commandLine) {
-    if (executing_) return {};
+bool DOSOutputs::StartCommand(const std::string& commandLine,
+                              std::shared_ptr<OutputWakeup> wakeup) {
+    if (executing_) return false;
     if (!commandLine.empty()) commandLine_ = commandLine;
-    if (commandLine_.empty()) return {};
+    if (commandLine_.empty()) return false;
 
     const std::shared_ptr<ChildProcess> child = ChildProcess::start(commandLine_);
-    if (!child) return {};
-    auto pieces = std::make_shared<PieceQueue>();
-    std::promise<void> readerDonePromise;
-    std::future<void> readerDone = readerDonePromise.get_future();
-    if (!startReader(child, pieces, *waiter_, std::move(readerDonePromise))) {
+    if (!child) return false;
+    auto run = std::make_shared<RunPieces>(std::move(wakeup));
+    if (!startReader(child, run)) {
         child->forceEnd();
         child->awaitExit();
-        return {};
+        return false;
     }
-
     {
         std::lock_guard lock(childMutex_);
         child_ = child;
     }
+    run_ = std::move(run);
     outputs_.clear();
     executing_ = true;
-    // The reader uses the waiter until it is done, so the run ends only after that, also when a
-    // handler leaves it early by an exception (the child is then ended so that the reader is done).
-    auto endRun = [&] {
-        readerDone.wait();
-        executing_ = false;
-        if (ExecutionChanged) ExecutionChanged(false);
-    };
-    bool outputEnded = false;
-    try {
-        if (ExecutionChanged) ExecutionChanged(true);
-        while (!outputEnded) {
-            waiter_->waitUntil([&] { return pieces->hasPieces(); });
-            for (const std::string& piece : pieces->takeAll()) {
-                outputEnded = piece.empty();
-                outputs_ += piece;
-                if (ReceiveOutputs) ReceiveOutputs(piece);
-            }
+    if (ExecutionChanged) ExecutionChanged(true);
+    return true;
+}
+
+bool DOSOutputs::DeliverOutputs() {
+    // A handler that lets the owner's thread deliver again from inside it (a message box has an
+    // event loop of its own) leaves the pieces to the delivery under way, so they stay in order.
+    if (!executing_ || delivering_) return false;
+    delivering_ = true;
+    const std::shared_ptr<RunPieces> run = run_;
+    while (std::optional<std::string> piece = run->takeOldest()) {
+        const bool last = piece->empty();
+        outputs_ += *piece;
+        if (ReceiveOutputs) ReceiveOutputs(*piece);
+        if (last) {
+            endRun();
+            return true;
         }
-    } catch (...) {
-        if (!outputEnded) child->forceEnd();
-        endRun();
-        throw;
     }
-    endRun();
+    delivering_ = false;
+    return false;
+}
+
+void DOSOutputs::endRun() {
+    run_.reset();
+    executing_ = false;
+    delivering_ = false;
+    if (ExecutionChanged) ExecutionChanged(false);
+}
+
+std::string DOSOutputs::ExecuteCommand(const std::string& commandLine) {
+    const auto waiter = std::make_shared<BlockingOutputWaiter>();
+    if (!StartCommand(commandLine, waiter)) return {};
+    // A handler that leaves by an exception ends the child, so that nothing runs on unseen.
+    struct EndChildUnlessOver {
+        DOSOutputs& runner;
+        ~EndChildUnlessOver() {
+            if (!runner.executing_) return;
+            runner.KillChild();
+            runner.endRun();
+        }
+    } guard{*this};
+    const std::shared_ptr<RunPieces> run = run_;
+    do {
+        waiter->waitUntil([&] { return run->hasPieces(); });
+    } while (!DeliverOutputs());
     return outputs_;
 }
 

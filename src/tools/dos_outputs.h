@@ -10,18 +10,22 @@
 namespace quillet {
 
 class ChildProcess;
+struct RunPieces;
 
 // Runs one console command line (a tool invocation) as a hidden child process, without a shell,
 // and hands everything the child writes, standard output and standard error mixed in the order
 // written, to its owner piece by piece. The bytes are kept as they are.
+//
+// A run is either awaited (ExecuteCommand, for threads that may block) or started and then fed to
+// the owner as the owner's thread gets round to it (StartCommand and DeliverOutputs, for windows,
+// which must never wait). Either way a thread of the runner's own reads the pipe, so the child
+// never stalls on a full pipe whatever the owner is doing.
 class DOSOutputs {
 public:
     using OutputsHandler = std::function<void(const std::string& CommandOutputs)>;
     using ExecutionHandler = std::function<void(bool executing)>;
 
-    // `waiter` decides how ExecuteCommand waits for the next piece; the default blocks the thread.
-    explicit DOSOutputs(
-        std::shared_ptr<OutputWaiter> waiter = std::make_shared<BlockingOutputWaiter>());
+    DOSOutputs();
     ~DOSOutputs();
     DOSOutputs(const DOSOutputs&) = delete;
     DOSOutputs& operator=(const DOSOutputs&) = delete;
@@ -35,31 +39,45 @@ public:
     // Runs `commandLine` (stored first when not empty) or else the stored command line, raises
     // ReceiveOutputs for every piece read and returns all output once the child's output has
     // ended, without waiting for the child itself. Returns "" and raises nothing when the command
-    // line is empty, the program cannot be started, or this object is already running a command
-    // (a handler calling it again); a start that fails leaves Outputs as it was.
+    // line is empty, the program cannot be started, or this object is already running a command;
+    // a start that fails leaves Outputs as it was.
     std::string ExecuteCommand(const std::string& commandLine = {});
 
+    // Starts the command as ExecuteCommand does and returns at once: false, with nothing raised,
+    // when nothing could be started. From then on `wakeup` is told, on the reading thread, each
+    // time output is waiting; the owner then calls DeliverOutputs on its own thread.
+    bool StartCommand(const std::string& commandLine, std::shared_ptr<OutputWakeup> wakeup);
+
+    // Raises ReceiveOutputs with every piece read so far, in order, on the calling thread, and
+    // returns true once the last, empty piece has been raised: the run is over. Called again from
+    // inside a handler, it leaves the pieces to the call under way and returns false.
+    bool DeliverOutputs();
+
+    // Whether a run has started and its output not yet all been delivered.
+    bool Executing() const { return executing_; }
+
     // Ask the child of the current run to end, politely ("q" on its input and, where the system
-    // has it, the termination signal) or firmly. Safe from any thread, during a run (from a
-    // handler or a timer) or not; without a child still running they do nothing.
+    // has it, the termination signal) or firmly. Safe from any thread, during a run or not;
+    // without a child still running they do nothing.
     void StopChild();
     void KillChild();
 
-    // Raised inside ExecuteCommand, on its thread, with each piece of output in the order read (at
-    // most 256 bytes, exactly the bytes read), then once with "" when the output has ended.
+    // Raised with each piece of output in the order read (at most 256 bytes, exactly the bytes
+    // read), then once with "" when the output has ended.
     OutputsHandler ReceiveOutputs;
 
-    // Told true once a child has started and false just before ExecuteCommand returns, so that a
-    // registry can follow which runners are running.
+    // Told true once a child has started and false once its run is over.
     ExecutionHandler ExecutionChanged;
 
 private:
     std::shared_ptr<ChildProcess> currentChild() const;
+    void endRun();
 
     std::string commandLine_;
     std::string outputs_;
-    std::shared_ptr<OutputWaiter> waiter_;
     bool executing_ = false;
+    bool delivering_ = false;
+    std::shared_ptr<RunPieces> run_;       // the current run's pieces, while executing
     mutable std::mutex childMutex_;        // StopChild and KillChild may come from other threads
     std::shared_ptr<ChildProcess> child_;  // the child of the current or the latest run
 };

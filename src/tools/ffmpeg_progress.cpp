@@ -4,6 +4,8 @@
 #include <cctype>
 #include <limits>
 
+#include "tools/progress_display.h"
+
 namespace quillet {
 
 namespace {
@@ -35,20 +37,22 @@ std::optional<std::string> field(std::string_view piece, std::string_view key, s
 
 }  // namespace
 
-ProgressReading readProgressPiece(std::string_view piece, bool withTime, ProgramState& state,
+ProgressReading readProgressPiece(std::string_view piece, const ProgressSoFar& soFar,
                                   const FormatLocale& locale) {
     // ffmpeg writes its numbers with "." whatever the user's language.
     const FormatLocale ffmpegNumbers;
     ProgressReading reading;
-    const auto videoSeconds = parseNumber(state.VideoSeconds, locale);
+    reading.encodedSeconds = soFar.encodedSeconds;
+    reading.speedLevel = soFar.speedLevel;
+    const auto videoSeconds = parseNumber(soFar.videoSeconds, locale);
 
     std::optional<int> pieceSeconds;
-    if (withTime) {
+    if (soFar.followsTime) {
         if (const auto at = findIgnoringCase(piece, "time")) {
             reading.timeSeen = true;
             // "time=00:01:23.45" gives "00:01:23"; "creation_time   : ..." gives no time at all.
             pieceSeconds = parseClockSeconds(cut(piece, *at + 5, 8));
-            state.EncodedSeconds = pieceSeconds.value_or(0);
+            reading.encodedSeconds = pieceSeconds.value_or(0);
             reading.barMaximum = videoSeconds;
         }
     }
@@ -68,22 +72,29 @@ ProgressReading readProgressPiece(std::string_view piece, bool withTime, Program
     }
 
     const std::string_view level = trimBlanks(cut(trimBlanks(speedText), 0, 2));
-    if (const auto speed = parseInt16(level, ffmpegNumbers)) state.SpeedLevel = *speed;
-    if (state.SpeedLevel > std::numeric_limits<std::int16_t>::min()) --state.SpeedLevel;
+    if (const auto speed = parseInt16(level, ffmpegNumbers)) reading.speedLevel = *speed;
+    if (reading.speedLevel > std::numeric_limits<std::int16_t>::min()) --reading.speedLevel;
 
-    reading.barValue = state.EncodedSeconds;
-    if (withTime && videoSeconds && *videoSeconds != 0) {
+    if (soFar.followsTime && videoSeconds && *videoSeconds != 0) {
         const auto percent =
             formatNumber(pieceSeconds.value_or(0) / (*videoSeconds / 100), kPercentPattern, locale);
         if (percent && *percent != formatNumber(0, kPercentPattern, locale)) {
-            reading.percentText = percent;
+            reading.caption = "Compression Progress " + *percent + std::string(soFar.captionEnding);
         }
     }
     return reading;
 }
 
-std::string progressCaption(const std::string& percentText) {
-    return "Compression Progress " + percentText + "% Completed";
+void showProgressReading(const ProgressReading& reading, bool followsTime,
+                         ProgressDisplay& display) {
+    if (reading.timeSeen && reading.barMaximum) display.setProgressMaximum(*reading.barMaximum);
+    if (reading.writtenText) display.setWrittenText(*reading.writtenText);
+    if (followsTime) display.setProgressValue(reading.encodedSeconds);
+    if (reading.caption) {
+        display.setProgressCaption(*reading.caption);
+        display.highlightProgress();
+    }
+    display.CompressionSpeedDisplay(reading.speedLevel);
 }
 
 }  // namespace quillet

@@ -6,22 +6,22 @@
 
 namespace quillet {
 
-// How the thread that runs a command waits for its next piece of output. The reading thread calls
-// wake() whenever something new is ready; waitUntil() returns on the calling thread once `ready`
-// holds, and checks it before every wait so that no wake-up is lost. wake() must never wait for the
-// calling thread, so the reader keeps reading whatever the caller is doing.
-class OutputWaiter {
+// Told by a run's reading thread that the run has something new for its owner (a piece of
+// output, or the end of it). wake() must return at once and never wait for the owner, so the
+// reader keeps reading whatever the owner is doing.
+class OutputWakeup {
 public:
-    virtual ~OutputWaiter() = default;
+    virtual ~OutputWakeup() = default;
     virtual void wake() = 0;
-    virtual void waitUntil(const std::function<bool()>& ready) = 0;
 };
 
-// Blocks the calling thread on a condition variable: for callers without a window.
-class BlockingOutputWaiter final : public OutputWaiter {
+// Blocks the owner's thread on a condition variable until something is ready: for owners without a
+// window, which may wait.
+class BlockingOutputWaiter final : public OutputWakeup {
 public:
     void wake() override;
-    void waitUntil(const std::function<bool()>& ready) override;
+    // Returns once `ready` holds; checks it before every wait, so that no wake-up is lost.
+    void waitUntil(const std::function<bool()>& ready);
 
 private:
     std::mutex mutex_;

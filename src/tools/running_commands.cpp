@@ -1,69 +1,69 @@
 #include "tools/running_commands.h"
 
+#include <QTimer>
+#include <algorithm>
 #include <utility>
-
-#include "tools/dos_outputs.h"
-#include "tools/event_loop_output_waiter.h"
 
 namespace quillet {
 
 RunningCommands::RunningCommands(std::chrono::milliseconds gracePeriod)
-    : gracePeriod_(gracePeriod) {
-    graceTimer_.setSingleShot(true);
-    QObject::connect(&graceTimer_, &QTimer::timeout, [this] {
-        for (DOSOutputs* runner : executing_) runner->KillChild();
-    });
+    : gracePeriod_(gracePeriod) {}
+
+RunningCommands::~RunningCommands() {
+    // A child still running by now is ended with the program (see ChildProcess).
+    for (CommandRunner* runner : runners_) delete runner;
 }
 
-void RunningCommands::adopt(DOSOutputs& runner) {
-    runner.ExecutionChanged = [this, &runner](bool executing) {
-        executionChanged(runner, executing);
-    };
-}
-
-std::unique_ptr<DOSOutputs> RunningCommands::newRunner() {
-    auto runner = std::make_unique<DOSOutputs>(std::make_shared<EventLoopOutputWaiter>());
-    adopt(*runner);
-    return runner;
+RunningCommands::RunnerHandle RunningCommands::newRunner() {
+    auto* runner = new CommandRunner(*this);
+    runners_.push_back(runner);
+    return RunnerHandle(runner, LetGo{this});
 }
 
 std::size_t RunningCommands::count() const {
-    return executing_.size();
+    return static_cast<std::size_t>(std::count_if(
+        runners_.begin(), runners_.end(), [](const CommandRunner* r) { return r->running(); }));
 }
 
 void RunningCommands::endAll(std::function<void()> whenAllEnded) {
     whenAllEnded_.push_back(std::move(whenAllEnded));
-    if (executing_.empty()) {
-        callWhenAllEnded();
-        return;
-    }
-    for (DOSOutputs* runner : executing_) stopNowKillLater(*runner);
+    for (CommandRunner* runner : runners_) runner->stopThenKill(gracePeriod_);
+    endingStepForward();
 }
 
-void RunningCommands::executionChanged(DOSOutputs& runner, bool executing) {
-    if (executing) {
-        executing_.push_back(&runner);
-        if (!whenAllEnded_.empty()) stopNowKillLater(runner);
-        return;
+void RunningCommands::letGo(CommandRunner* runner) {
+    // Its window is going: nothing more is told to it.
+    runner->letGo_ = true;
+    if (runner->running()) {
+        runner->stopThenKill(gracePeriod_);
+    } else {
+        forget(*runner);
     }
-    std::erase(executing_, &runner);
-    if (whenAllEnded_.empty() || !executing_.empty()) return;
-    graceTimer_.stop();
-    // Called from the event loop, once the run that ended has returned to its caller.
-    QTimer::singleShot(0, &graceTimer_, [this] {
-        if (executing_.empty()) callWhenAllEnded();
+}
+
+void RunningCommands::runStarted(CommandRunner& runner) {
+    if (!whenAllEnded_.empty()) runner.stopThenKill(gracePeriod_);
+}
+
+void RunningCommands::runEnded(CommandRunner& runner) {
+    if (runner.letGo_) forget(runner);
+    endingStepForward();
+}
+
+void RunningCommands::endingStepForward() {
+    if (whenAllEnded_.empty() || count() > 0) return;
+    // Called from the event loop, once the handler that ended the last run has returned.
+    QTimer::singleShot(0, &context_, [this] {
+        if (count() > 0) return;
+        for (auto& whenAllEnded : std::exchange(whenAllEnded_, {})) {
+            if (whenAllEnded) whenAllEnded();
+        }
     });
 }
 
-void RunningCommands::stopNowKillLater(DOSOutputs& runner) {
-    runner.StopChild();
-    if (!graceTimer_.isActive()) graceTimer_.start(gracePeriod_);
-}
-
-void RunningCommands::callWhenAllEnded() {
-    for (auto& whenAllEnded : std::exchange(whenAllEnded_, {})) {
-        if (whenAllEnded) whenAllEnded();
-    }
+void RunningCommands::forget(CommandRunner& runner) {
+    std::erase(runners_, &runner);
+    runner.deleteLater();
 }
 
 }  // namespace quillet

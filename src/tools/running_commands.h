@@ -1,48 +1,59 @@
 #pragma once
 
-#include <QTimer>
 #include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include <QObject>
+
+#include "tools/command_runner.h"
+
 namespace quillet {
 
-class DOSOutputs;
-
-// The runners of the windows that are executing a command now, so that the program can end every
-// child it started before it ends itself. Lives on the window thread, and longer than the runners
-// it follows.
+// Every command runner of the windows, so that no child outlives its window's job or the program.
+// A window holds its runner as a RunnerHandle; when the window lets go while a command runs, the
+// child is asked to stop, ended firmly after the grace period, and the runner stays here until
+// its output has ended. Window thread only; lives longer than the windows.
 class RunningCommands {
 public:
     explicit RunningCommands(std::chrono::milliseconds gracePeriod = std::chrono::seconds(3));
+    ~RunningCommands();
+    RunningCommands(const RunningCommands&) = delete;
+    RunningCommands& operator=(const RunningCommands&) = delete;
 
-    // Follows the runs of `runner` from now on (it takes the runner's ExecutionChanged).
-    void adopt(DOSOutputs& runner);
+    // Lets go of a runner: see the class comment.
+    struct LetGo {
+        RunningCommands* registry;
+        void operator()(CommandRunner* runner) const { registry->letGo(runner); }
+    };
+    using RunnerHandle = std::unique_ptr<CommandRunner, LetGo>;
 
-    // A runner for a window: it waits in a local event loop, so the windows stay responsive
-    // while it runs, and it is followed from the start.
-    std::unique_ptr<DOSOutputs> newRunner();
+    RunnerHandle newRunner();
 
-    // How many followed runners are executing a command now.
+    // How many runners are running a command now, let go of or not.
     std::size_t count() const;
 
     // Asks every running child to stop at once, ends those still running after the grace period,
-    // and calls `whenAllEnded` once no runner is executing any more: at once when none is, else
-    // from the event loop after the last run has returned. A runner that starts while the ending
-    // is under way is asked to stop as it starts. Never waits on the window thread.
+    // and calls `whenAllEnded` once no runner is running any more: at once when none is, else from
+    // the event loop after the last output has ended. A command that starts while the ending is
+    // under way is asked to stop as it starts. Never waits on the window thread.
     void endAll(std::function<void()> whenAllEnded);
 
 private:
-    void executionChanged(DOSOutputs& runner, bool executing);
-    void stopNowKillLater(DOSOutputs& runner);
-    void callWhenAllEnded();
+    friend class CommandRunner;
+    void letGo(CommandRunner* runner);
+    void runStarted(CommandRunner& runner);
+    void runEnded(CommandRunner& runner);
+    void forget(CommandRunner& runner);
+    // During an ending: once no command runs any more, its callers are told.
+    void endingStepForward();
 
     std::chrono::milliseconds gracePeriod_;
-    std::vector<DOSOutputs*> executing_;
+    std::vector<CommandRunner*> runners_;              // owned; destroyed from the event loop
     std::vector<std::function<void()>> whenAllEnded_;  // not empty while an ending is under way
-    QTimer graceTimer_;
+    QObject context_;                                  // for calls from the event loop
 };
 
 }  // namespace quillet

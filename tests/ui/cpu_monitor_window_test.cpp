@@ -11,6 +11,7 @@
 #include "app/forms.h"
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
+#include "main/program_windows.h"
 
 namespace quillet {
 namespace {
@@ -44,8 +45,8 @@ protected:
 
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms{state, dialogs};
-    QLabel* cpu = forms.form1().controls().status(StatusCell::Cpu);
+    ProgramForms forms{state, dialogs};
+    QLabel* cpu = forms.get<Form1>().controls().status(StatusCell::Cpu);
     int calls = 0;
 };
 
@@ -80,7 +81,7 @@ TEST_F(CpuMonitorWindow, AReadingNeverBringsBackAnUnloadedMainWindow) {
 }
 
 TEST_F(CpuMonitorWindow, RegistryLoadsTheMonitorWithTheSystemSampler) {
-    QPointer<Form3> monitor = &forms.form3();
+    QPointer<Form3> monitor = &forms.get<Form3>();
     EXPECT_FALSE(monitor->isVisible());
     // The first reading compares with boot, so a figure is there at once.
     static const QRegularExpression reading(R"(^CPU: \d\d+\.\d\d%$)");

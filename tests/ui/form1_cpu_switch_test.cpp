@@ -13,6 +13,7 @@
 #include "app/scripted_dialogs.h"
 #include "app/settings_store.h"
 #include "main/form1.h"
+#include "main/program_windows.h"
 
 namespace quillet {
 namespace {
@@ -26,19 +27,19 @@ protected:
     }
     ~Form1CpuSwitch() override { qunsetenv("QUILLET_SETTINGS_DIR"); }
 
-    QAction* showCpu() { return forms.form1().findChild<QAction*>("mnu_ShowCPU"); }
+    QAction* showCpu() { return forms.get<Form1>().findChild<QAction*>("mnu_ShowCPU"); }
     std::string cell() {
-        return forms.form1().controls().status(StatusCell::Cpu)->text().toStdString();
+        return forms.get<Form1>().controls().status(StatusCell::Cpu)->text().toStdString();
     }
 
     QTemporaryDir folder;
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms{state, dialogs};
+    ProgramForms forms{state, dialogs};
 };
 
 TEST_F(Form1CpuSwitch, FirstRunShowsTheLoad) {
-    forms.form1();
+    forms.get<Form1>();
     EXPECT_TRUE(state.CpuMonitorEnabled);
     EXPECT_TRUE(showCpu()->isChecked());
     ASSERT_TRUE(forms.isLoaded(FormId::Form3));
@@ -50,19 +51,19 @@ TEST_F(Form1CpuSwitch, FirstRunShowsTheLoad) {
 
 TEST_F(Form1CpuSwitch, StoredOffStartsUntickedAndTheCellStaysAtZero) {
     saveSetting(kCpuSection, kCpuKey, "0");
-    forms.form1();
+    forms.get<Form1>();
     EXPECT_FALSE(state.CpuMonitorEnabled);
     EXPECT_FALSE(showCpu()->isChecked());
     EXPECT_EQ(cell(), "CPU: 00.00%");
-    forms.form3().findChild<QTimer*>("Timer1")->setInterval(10);
+    forms.get<Form3>().findChild<QTimer*>("Timer1")->setInterval(10);
     QTest::qWait(100);
     EXPECT_EQ(cell(), "CPU: 00.00%");
 }
 
 TEST_F(Form1CpuSwitch, TurningOffAndClosingStoresOff) {
-    forms.form1().show();
+    forms.get<Form1>().show();
     showCpu()->trigger();
-    forms.form1().close();
+    forms.get<Form1>().close();
     EXPECT_EQ(readSetting(kCpuSection, kCpuKey, ""), "0");
 }
 

@@ -92,8 +92,8 @@ TEST_F(Form1Progress, EverythingFitsTheWindowWithRoomForTheFrameAndMenuBar) {
 TEST(Form1Splash, GoesOnceAToolRuns) {
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms(state, dialogs);
-    forms.form4();  // brings up the main window
+    ProgramForms forms(state, dialogs);
+    forms.get<Form4>();  // brings up the main window
     ASSERT_TRUE(forms.isLoaded(FormId::Form1));
     QTest::qWait(300);
     EXPECT_TRUE(forms.isLoaded(FormId::Form4));

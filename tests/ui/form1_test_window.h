@@ -11,6 +11,7 @@
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
 #include "main/label_looks.h"
+#include "main/program_windows.h"
 
 namespace quillet {
 
@@ -35,8 +36,8 @@ protected:
 
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms{state, dialogs};
-    Form1& form = forms.form1();
+    ProgramForms forms{state, dialogs};
+    Form1& form = forms.get<Form1>();
     Form1Controls& c = form.controls();
 };
 

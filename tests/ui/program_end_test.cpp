@@ -2,30 +2,33 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QMessageBox>
 #include <QTimer>
 
 #include "app/forms.h"
 #include "app/program_end.h"
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
-#include "tools/dos_outputs.h"
+#include "main/program_windows.h"
 
 namespace quillet {
 namespace {
 
-// Ending the program while a window's command runs: the windows go at once, the child that
-// ignores the polite request is ended firmly, the program keeps handling events meanwhile and
-// quits once the run has returned.
+// Ending the program while a window's command runs and a message box is open: the box is answered,
+// the windows go at once, the child that ignores the polite request is ended firmly, the program
+// keeps handling events meanwhile and quits once the run is over.
 TEST(ProgramEnd, EndsAStubbornChildAndQuitsWithoutBlocking) {
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms(state, dialogs);
-    forms.form1().show();
-    std::unique_ptr<DOSOutputs> runner = forms.runningCommands().newRunner();
-    bool returned = false;
+    ProgramForms forms(state, dialogs);
+    forms.get<Form1>().show();
+    RunningCommands::RunnerHandle runner = forms.runningCommands().newRunner();
+    ASSERT_TRUE(runner->start(CHILD_IGNORE_STOP));
+    bool boxReturned = false;
     QTimer::singleShot(0, [&] {
-        runner->ExecuteCommand(CHILD_IGNORE_STOP);
-        returned = true;
+        QMessageBox box(QMessageBox::Warning, "Quillet", "Still compressing", QMessageBox::Ok);
+        box.exec();
+        boxReturned = true;
     });
     QTimer::singleShot(300, [&] { endProgram(forms); });
     int ticks = 0;
@@ -37,7 +40,8 @@ TEST(ProgramEnd, EndsAStubbornChildAndQuitsWithoutBlocking) {
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(QCoreApplication::exec(), 0);
-    EXPECT_TRUE(returned);
+    EXPECT_TRUE(boxReturned);
+    EXPECT_FALSE(runner->running());
     EXPECT_FALSE(forms.isLoaded(FormId::Form1));
     EXPECT_GT(ticks, 20);  // the grace period passed with the event loop running
     EXPECT_LT(clock.elapsed(), 10000);

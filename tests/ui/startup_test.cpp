@@ -13,6 +13,7 @@
 #include "app/scripted_dialogs.h"
 #include "app/startup.h"
 #include "main/form1.h"
+#include "main/program_windows.h"
 
 namespace quillet {
 namespace {
@@ -20,22 +21,25 @@ namespace {
 TEST(Startup, SplashComesFirstThenMainWindowThenSplashFadesAway) {
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms(state, dialogs);
+    ProgramForms forms(state, dialogs);
     QElapsedTimer clock;
     clock.start();
     runStartup(forms);
+    EXPECT_LT(clock.elapsed(), 500);  // start-up never waits: the event loop goes on
+    ASSERT_TRUE(forms.isLoaded(FormId::Form4));
+    ASSERT_TRUE(forms.isLoaded(FormId::Form1));
+    QPointer<Form4> splash = &forms.get<Form4>();
+    Form1& form1 = forms.get<Form1>();
+    EXPECT_FALSE(form1.isVisible());
 
     // The splash loaded the main window, waited a second and showed it, staying in front.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form1.isVisible(); }, 3000));
     EXPECT_GE(clock.elapsed(), 900);
-    ASSERT_TRUE(forms.isLoaded(FormId::Form4));
-    QPointer<Form4> splash = &forms.form4();
     EXPECT_TRUE(splash->isVisible());
     EXPECT_TRUE(splash->windowFlags() & Qt::WindowStaysOnTopHint);
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
     EXPECT_NEAR(splash->geometry().center().x(), screen.center().x(), 2);
     EXPECT_NEAR(splash->geometry().center().y(), screen.center().y(), 2);
-    Form1& form1 = forms.form1();
-    EXPECT_TRUE(form1.isVisible());
     EXPECT_EQ(form1.minimumSize(), form1.maximumSize());
     EXPECT_FALSE(form1.windowFlags() & Qt::WindowMaximizeButtonHint);
 
@@ -71,29 +75,52 @@ TEST(Startup, SplashComesFirstThenMainWindowThenSplashFadesAway) {
     EXPECT_TRUE(form1.isVisible());
 }
 
-TEST(Forms, UnloadWhileAProcedureRunsHidesAtOnceAndDestroysAfterwards) {
+// A window of the registry's tests: it records what the registry tells it.
+class RecordingForm : public QWidget, public FormEvents {
+public:
+    explicit RecordingForm(std::vector<std::string>& log, std::string name)
+        : log_(log), name_(std::move(name)) {}
+    void Form_Load() override { log_.push_back("load " + name_); }
+    void Form_Unload() override {
+        log_.push_back("unload " + name_ + (isVisible() ? " shown" : " hidden"));
+    }
+
+private:
+    std::vector<std::string>& log_;
+    std::string name_;
+};
+
+TEST(Forms, UnloadHidesAtOnceTellsTheWindowAndDestroysItFromTheEventLoop) {
     ScriptedDialogs dialogs;
     ProgramState state;
-    Forms forms(state, dialogs);
-    QPointer<Form1> first = &forms.form1();
-    first->show();
-    {
-        Forms::Busy busy(first);
-        forms.unload(FormId::Form1);
-        EXPECT_FALSE(forms.isLoaded(FormId::Form1));
-        EXPECT_FALSE(first->isVisible());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_FALSE(first.isNull());
-        // Asking for the window again loads a fresh one.
-        EXPECT_NE(&forms.form1(), first.data());
+    std::vector<std::string> log;
+    Forms::Factories factories;
+    for (const auto& [id, name] :
+         {std::pair{FormId::Form1, "main"}, {FormId::Form3, "monitor"}, {FormId::Form7, "job"}}) {
+        factories[static_cast<std::size_t>(id)] = [&log, name = std::string(name)](Forms&) {
+            return new RecordingForm(log, name);
+        };
     }
+    Forms forms(state, dialogs, factories);
+    QPointer<QWidget> first = &forms.load(FormId::Form1);
+    EXPECT_EQ(&forms.load(FormId::Form1), first.data());  // loaded once
+    first->show();
+    forms.unload(FormId::Form1);
+    EXPECT_FALSE(forms.isLoaded(FormId::Form1));
+    EXPECT_FALSE(first->isVisible());
+    EXPECT_FALSE(first.isNull());  // still there for the handler that unloaded it
+    // Asking for the window again loads a fresh one.
+    EXPECT_NE(&forms.load(FormId::Form1), first.data());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(first.isNull());
 
-    QPointer<Form1> idle = &forms.form1();
-    forms.unload(FormId::Form1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(idle.isNull());
+    // The end of the program: the job and tool windows go first.
+    forms.load(FormId::Form7);
+    forms.load(FormId::Form3);
+    log.clear();
+    forms.unloadAll();
+    EXPECT_EQ(log, (std::vector<std::string>{"unload job hidden", "unload main hidden",
+                                             "unload monitor hidden"}));
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+namespace quillet {
+
+class ProgressDisplay;
+
+// What the other windows ask of the main window, so that they need not know it: the splash window
+// and start-up, the processor monitor, and the windows that run jobs.
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+
+    // What start-up does to the window once it is up (its size, the controls' first looks).
+    virtual void prepareAtStartup() = 0;
+    // The CPU cell of the status strip.
+    virtual void showCpuText(const std::string& text) = 0;
+
+    // Where a compression job shows its progress.
+    virtual ProgressDisplay& progressDisplay() = 0;
+    // The running-job and finished-job elements: the speed cells follow the speed level or stop.
+    virtual void setSpeedDisplayRunning(bool running) = 0;
+    // Whether "Play on completion" is ticked.
+    virtual bool playOnCompletion() const = 0;
+    // The end of a target-size or CRF job: the bar empty and the caption back to the start.
+    virtual void resetProgressDisplay() = 0;
+    // Every speed cell but the last back to the normal colour.
+    virtual void normalSpeedCellsButLast() = 0;
+    // The reset procedure: the controls and the shared values back to their initial state, the
+    // job and tool windows unloaded.
+    virtual void ResetApp() = 0;
+};
+
+}  // namespace quillet

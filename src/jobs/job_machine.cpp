@@ -1,0 +1,154 @@
+#include "jobs/job_machine.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include "app/form3.h"
+#include "app/forms.h"
+#include "app/main_window.h"
+#include "app/platform_names.h"
+#include "app/qt_format_locale.h"
+#include "jobs/output_name.h"
+#include "tools/ffmpeg_progress.h"
+#include "tools/progress_display.h"
+
+namespace quillet {
+
+JobMachine::JobMachine(Forms& forms, QWidget& window, JobDescription job)
+    : forms_(forms), window_(window), job_(std::move(job)) {
+    wait_.setSingleShot(true);
+    wait_.setTimerType(Qt::PreciseTimer);
+    connect(&wait_, &QTimer::timeout, this, &JobMachine::advance);
+}
+
+void JobMachine::start() {
+    next_ = 0;
+    advance();
+}
+
+void JobMachine::abandon() {
+    abandoned_ = true;
+    wait_.stop();
+    objDOS_.reset();
+}
+
+void JobMachine::advance() {
+    while (next_ < job_.steps.size()) {
+        const JobStep& step = job_.steps[next_++];
+        switch (step.action) {
+            case JobAction::StopIfFinished:
+                if (forms_.state().JobFinished) return;
+                break;
+            case JobAction::Wait:
+                if (abandoned_) return;
+                wait_.start(step.milliseconds);
+                return;
+            case JobAction::RunCommand:
+                if (abandoned_) return;
+                if (!objDOS_) {
+                    objDOS_ = forms_.runningCommands().newRunner();
+                    objDOS_->ReceiveOutputs = [this](const std::string& piece) {
+                        objDOS_ReceiveOutputs(piece);
+                    };
+                    objDOS_->OutputEnded = [this] { advance(); };
+                }
+                // A command that cannot start has no output to wait for: the job goes on at once.
+                if (objDOS_->start(job_.commandLine())) return;
+                break;
+            default:
+                perform(step);
+        }
+    }
+}
+
+void JobMachine::perform(const JobStep& step) {
+    ProgramState& state = forms_.state();
+    MainWindow* mainWindow = forms_.mainWindow();
+    switch (step.action) {
+        case JobAction::PlaceWindow:
+            placeWindow();
+            break;
+        case JobAction::NameOutput:
+            if (const auto output =
+                    compressedFileName(state.SourceVideo, kThisPlatform.separator)) {
+                state.OutputVideo = *output;
+            }
+            break;
+        case JobAction::SpeedDisplayOn:
+        case JobAction::SpeedDisplayOff:
+            if (mainWindow)
+                mainWindow->setSpeedDisplayRunning(step.action == JobAction::SpeedDisplayOn);
+            break;
+        case JobAction::TakeCpuReading:
+            if (forms_.isLoaded(FormId::Form3)) forms_.get<Form3>().Timer1_Timer();
+            break;
+        case JobAction::MarkFinished:
+            state.JobFinished = true;
+            break;
+        case JobAction::CloseSampleRateChooser:
+            if (forms_.isLoaded(FormId::Form9) && forms_.load(FormId::Form9).isVisible()) {
+                forms_.unload(FormId::Form9);
+            }
+            break;
+        case JobAction::ForgetSpeedLevel:
+            state.SpeedLevel = -1;
+            break;
+        case JobAction::PlayOnCompletion:
+            playOnCompletion();
+            break;
+        case JobAction::ResetProgressDisplay:
+            if (mainWindow) mainWindow->resetProgressDisplay();
+            break;
+        case JobAction::ResetMainWindow:
+            if (mainWindow) mainWindow->ResetApp();
+            break;
+        case JobAction::NormalSpeedCells:
+            if (mainWindow) mainWindow->normalSpeedCellsButLast();
+            break;
+        case JobAction::UnloadWindow:
+            forms_.unload(job_.window);
+            break;
+        case JobAction::StopIfFinished:
+        case JobAction::Wait:
+        case JobAction::RunCommand:
+            break;  // taken by advance()
+    }
+}
+
+void JobMachine::objDOS_ReceiveOutputs(const std::string& CommandOutputs) {
+    ProgramState& state = forms_.state();
+    const ProgressSoFar soFar{state.VideoSeconds, state.EncodedSeconds, state.SpeedLevel,
+                              job_.followsTime, job_.captionEnding};
+    const ProgressReading reading = readProgressPiece(CommandOutputs, soFar, formatLocale());
+    state.EncodedSeconds = reading.encodedSeconds;
+    state.SpeedLevel = reading.speedLevel;
+    if (ProgressDisplay* display = job_.display ? job_.display() : nullptr) {
+        showProgressReading(reading, job_.followsTime, *display);
+    }
+}
+
+void JobMachine::placeWindow() {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    window_.adjustSize();
+    // Beside the main window when there is room, so that its progress display stays in sight.
+    QPoint place(screen.right() - window_.width() - 20, screen.top() + 40);
+    if (forms_.isLoaded(FormId::Form1)) {
+        const QRect main = forms_.load(FormId::Form1).frameGeometry();
+        if (main.right() + 10 + window_.width() <= screen.right()) {
+            place = {main.right() + 10, main.top()};
+        }
+    }
+    window_.move(place);
+    window_.show();
+}
+
+void JobMachine::playOnCompletion() {
+    ProgramState& state = forms_.state();
+    MainWindow* mainWindow = forms_.mainWindow();
+    if (!mainWindow || !mainWindow->playOnCompletion() || state.OutputOpened) return;
+    forms_.dialogs().openExternally(state.OutputVideo);
+    state.OutputOpened = true;
+}
+
+}  // namespace quillet

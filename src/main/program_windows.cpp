@@ -1,0 +1,31 @@
+#include "main/program_windows.h"
+
+#include "app/form3.h"
+#include "app/form4.h"
+#include "jobs/job_window.h"
+#include "main/form1.h"
+
+namespace quillet {
+
+namespace {
+
+template <class Form>
+void add(Forms::Factories& factories) {
+    factories[static_cast<std::size_t>(Form::kId)] = [](Forms& forms) { return new Form(forms); };
+}
+
+}  // namespace
+
+Forms::Factories programWindows() {
+    Forms::Factories factories;
+    add<Form1>(factories);
+    add<Form3>(factories);
+    add<Form4>(factories);
+    add<Form5>(factories);
+    add<Form6>(factories);
+    add<Form7>(factories);
+    add<Form8>(factories);
+    return factories;
+}
+
+}  // namespace quillet

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "tools/dos_outputs.h"
+
+namespace quillet {
+
+class QueuedWakeup;
+class RunningCommands;
+
+// Runs one command at a time for a window without ever waiting on the window's thread: the
+// command is started and returns at once; each piece of its output then arrives on the window's
+// thread as an event, in order, and after the last, empty piece the end of the output is told.
+// Made and kept by RunningCommands, which may keep it a little longer than its window.
+class CommandRunner : public QObject {
+    Q_OBJECT
+
+public:
+    ~CommandRunner() override;
+
+    // Starts the command line (see DOSOutputs::StartCommand). False, with nothing told, when no
+    // command could be started.
+    bool start(const std::string& commandLine);
+    bool running() const { return dos_.Executing(); }
+
+    // Asks the child to stop ("q" on its input, and the termination signal where there is one),
+    // and ends it firmly once `gracePeriod` has passed if its output has not ended by then.
+    void stopThenKill(std::chrono::milliseconds gracePeriod);
+
+    // Everything read during the latest run.
+    const std::string& Outputs() const { return dos_.Outputs(); }
+
+    // Each piece of output, then "" once it has ended; then OutputEnded. Window thread.
+    std::function<void(const std::string& CommandOutputs)> ReceiveOutputs;
+    std::function<void()> OutputEnded;
+
+private:
+    friend class RunningCommands;
+    explicit CommandRunner(RunningCommands& registry);
+    void deliver();
+
+    RunningCommands& registry_;
+    DOSOutputs dos_;
+    std::shared_ptr<QueuedWakeup> wakeup_;
+    QTimer killTimer_;
+    bool letGo_ = false;  // its window no longer wants it; it goes once its run is over
+};
+
+}  // namespace quillet

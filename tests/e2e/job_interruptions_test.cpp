@@ -1,0 +1,137 @@
+// What a person may do while a compression runs: leave the program, reset the window, start again.
+// Every step goes through the real menus and controls, in the order a person takes them.
+#include <sys/stat.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTimer>
+
+#include "job_driver.h"
+#include "jobs/job_steps.h"
+
+namespace quillet {
+namespace {
+
+class JobInterruption : public JobDriver {
+protected:
+    // A minute-long clip, chosen with File > Select Video, so that a job is still running when
+    // the test interrupts it.
+    QString chooseLongClip() {
+        const QString source = folder.filePath("long clip.mp4");
+        EXPECT_TRUE(makeClip(source, 60));
+        selectVideo(source, "60");
+        return source;
+    }
+
+    // Runs the event loop until the program quits, with `action` taken from inside it as a
+    // person's click arrives. Returns exec()'s answer.
+    int quitAfter(const std::function<void()>& action) {
+        QTimer::singleShot(0, action);
+        QTimer::singleShot(30000, [] { QCoreApplication::exit(1); });
+        QElapsedTimer clock;
+        clock.start();
+        const int answer = QCoreApplication::exec();
+        tookToQuit = clock.elapsed();
+        return answer;
+    }
+
+    // After the program has ended: no window left, no ffmpeg left.
+    void expectAllGone(FormId jobWindow) {
+        EXPECT_FALSE(forms.isLoaded(FormId::Form1));
+        EXPECT_FALSE(forms.isLoaded(jobWindow));
+        EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 3000));
+    }
+
+    qint64 tookToQuit = 0;
+};
+
+struct Method {
+    const char* name;
+    int item;  // of xpOption1
+};
+
+void PrintTo(const Method& method, std::ostream* out) {
+    *out << method.name;
+}
+
+class ExitDuringJob : public JobInterruption, public ::testing::WithParamInterface<Method> {};
+
+TEST_P(ExitDuringJob, FileExitEndsFfmpegAndQuits) {
+    const CompressionJob& job = *compressionJobForMethod(GetParam().name);
+    chooseLongClip();
+    startJob(GetParam().item);
+    ASSERT_TRUE(waitForFfmpeg());
+    EXPECT_EQ(quitAfter([&] { trigger("mnu_Exit"); }), 0);
+    EXPECT_LT(tookToQuit, 5000);
+    expectAllGone(job.window);
+}
+
+TEST_P(ExitDuringJob, ClosingTheMainWindowEndsFfmpegAndQuits) {
+    const CompressionJob& job = *compressionJobForMethod(GetParam().name);
+    chooseLongClip();
+    startJob(GetParam().item);
+    ASSERT_TRUE(waitForFfmpeg());
+    EXPECT_EQ(quitAfter([&] { form.close(); }), 0);
+    EXPECT_LT(tookToQuit, 5000);
+    expectAllGone(job.window);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachMethod, ExitDuringJob,
+                         ::testing::Values(Method{"TFS", 0}, Method{"CRF", 1}, Method{"ABR", 2},
+                                           Method{"QP", 3}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(JobInterruption, ResetAppEndsTheJobAndTheNextStartWorks) {
+    const QString source = chooseLongClip();
+    startJob(1);
+    ASSERT_TRUE(waitForFfmpeg());
+    trigger("mnu_Deselect");
+    EXPECT_FALSE(forms.isLoaded(FormId::Form6));
+    EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    // The main window is as it was at the start.
+    EXPECT_EQ(state.SourceVideo, "");
+    EXPECT_EQ(text(c.Text8), "0000");
+    EXPECT_EQ(text(c.status(StatusCell::Written)), "Writen: 0,000Mb");
+    for (int index = 0; index < c.xpOption1->count(); ++index) {
+        EXPECT_FALSE(c.xpOption1->isSelected(index)) << index;
+    }
+    QTest::qWait(2500);  // the job's own steps, had any been left, would have run by now
+    EXPECT_EQ(state.JobFinished, false);
+
+    // Choosing the source again and starting runs a whole job.
+    const QString shortClip = folder.filePath("short.mp4");
+    ASSERT_TRUE(makeClip(shortClip, 2));
+    selectVideo(shortClip, "2");
+    startJob(1);
+    EXPECT_TRUE(waitForJobEnd(FormId::Form6));
+    EXPECT_TRUE(probe(output(shortClip)).contains("codec_name=hevc"));
+}
+
+TEST_F(JobInterruption, StartingAgainWhileAJobRunsStartsNoSecondFfmpeg) {
+    const QString source = chooseLongClip();
+    startJob(1);
+    ASSERT_TRUE(waitForFfmpeg());
+    trigger("mnu_StartCompress");
+    QTest::qWait(1500);
+    EXPECT_EQ(ffmpegChildren().size(), 1u);
+    EXPECT_TRUE(waitForJobEnd(FormId::Form6));
+    EXPECT_TRUE(probe(output(source)).contains("codec_name=hevc"));
+}
+
+TEST_F(JobInterruption, ExitWhileTheSourceNeverDeliversEndsEverythingWithinFiveSeconds) {
+    const QString pipe = folder.filePath("never.mp4");
+    ASSERT_EQ(::mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    selectVideo(pipe);
+    // A named pipe has no size and no running time to show; these are what a person would type.
+    c.Text6->setText("0,010");
+    c.Text8->setText("60");
+    startJob(0);
+    ASSERT_TRUE(waitForFfmpeg());
+    EXPECT_EQ(quitAfter([&] { trigger("mnu_Exit"); }), 0);
+    EXPECT_LT(tookToQuit, 5000);
+    expectAllGone(FormId::Form5);
+}
+
+}  // namespace
+}  // namespace quillet

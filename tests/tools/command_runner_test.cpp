@@ -1,0 +1,159 @@
+#include "tools/command_runner.h"
+
+#include <gtest/gtest.h>
+#include <time.h>
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <chrono>
+#include <filesystem>
+
+#include "byte_pattern.h"
+#include "runner_test_support.h"
+#include "tools/running_commands.h"
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+// Processor time this thread has used: a busy wait shows here, an idle one does not.
+std::chrono::nanoseconds threadTime() {
+    timespec now{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+class CommandRunnerTest : public ::testing::Test {
+protected:
+    void TearDown() override {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return commands.count() == 0; }, 6000));
+        EXPECT_TRUE(noFinishedChildLeft());
+    }
+
+    // Runs the command and handles events until its output has ended.
+    bool runToEnd(RunningCommands::RunnerHandle& runner, const std::string& commandLine) {
+        bool ended = false;
+        runner->OutputEnded = [&] { ended = true; };
+        if (!runner->start(commandLine)) return false;
+        return QTest::qWaitFor([&] { return ended; }, 20000);
+    }
+
+    RunningCommands commands{300ms};
+    RunningCommands::RunnerHandle runner = commands.newRunner();
+};
+
+TEST_F(CommandRunnerTest, PiecesArriveInOrderThenTheEmptyOneThenTheEnd) {
+    std::vector<std::string> pieces;
+    runner->ReceiveOutputs = [&](const std::string& piece) { pieces.push_back(piece); };
+    ASSERT_TRUE(runToEnd(runner, CHILD_TRICKLE " 100 300 5"));
+    EXPECT_EQ(pieces, (std::vector<std::string>{std::string(256, 'a'), std::string(44, 'a'),
+                                                std::string(5, 'b'), ""}));
+    EXPECT_EQ(runner->Outputs(), std::string(300, 'a') + "bbbbb");
+    EXPECT_FALSE(runner->running());
+
+    // Nothing to start: no piece, no end.
+    pieces.clear();
+    EXPECT_FALSE(runner->start("/no/such/program -y"));
+    QTest::qWait(50);
+    EXPECT_TRUE(pieces.empty());
+}
+
+TEST_F(CommandRunnerTest, TenMegabytesArriveInOrderWhileAHandlerShowsAMessageBox) {
+    const fs::path done = fs::temp_directory_path() / ("quillet-box-" + std::to_string(::getpid()));
+    fs::remove(done);
+    const std::size_t size = 10 << 20;
+    bool writerFinishedWhileBoxOpen = false;
+    std::string received;
+    bool piecesFit = true;
+    runner->ReceiveOutputs = [&](const std::string& piece) {
+        piecesFit = piecesFit && piece.size() <= 256;
+        received += piece;
+        if (received.size() != piece.size() || piece.empty()) return;  // only the first piece
+        QMessageBox box(QMessageBox::Warning, "Quillet", "Still compressing");
+        QTimer poll;
+        const auto deadline = Clock::now() + 20s;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            writerFinishedWhileBoxOpen = fs::exists(done);
+            if (writerFinishedWhileBoxOpen || Clock::now() > deadline) box.done(0);
+        });
+        poll.start(20);
+        box.exec();
+    };
+    ASSERT_TRUE(runToEnd(
+        runner, CHILD_WRITE_BYTES " " + std::to_string(size) + " stderr " + done.string()));
+    EXPECT_TRUE(writerFinishedWhileBoxOpen);
+    EXPECT_TRUE(piecesFit);
+    EXPECT_TRUE(received == children::patternBytes(0, size));
+    fs::remove(done);
+}
+
+TEST_F(CommandRunnerTest, TimersRunAndTheThreadIdlesWhileACommandRuns) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(20);
+    const auto cpuBefore = threadTime();
+    ASSERT_TRUE(runToEnd(runner, CHILD_TRICKLE " 100 1 1 1 1 1 1"));
+    EXPECT_GE(ticks, 10);
+    EXPECT_LT(threadTime() - cpuBefore, 150ms);
+}
+
+TEST_F(CommandRunnerTest, EndAllStopsPolitelyThenFirmlyAndReportsTheEnd) {
+    int ended = 0;
+    commands.endAll([&] { ++ended; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ended == 1; }, 1000));  // nothing was running
+
+    const struct {
+        const char* child;
+        std::chrono::milliseconds shortest;
+        std::chrono::milliseconds longest;
+    } cases[] = {
+        {CHILD_QUIT_ON_Q, 0ms, 200ms},       // the polite stop is enough
+        {CHILD_IGNORE_STOP, 250ms, 5000ms},  // ended after the grace period (a coarse timer)
+    };
+    for (const auto& c : cases) {
+        RunningCommands ending(300ms);
+        RunningCommands::RunnerHandle child = ending.newRunner();
+        ended = 0;
+        ASSERT_TRUE(child->start(c.child));
+        QTest::qWait(100);
+        EXPECT_EQ(ending.count(), 1u);
+        const Clock::time_point endAllCalled = Clock::now();
+        ending.endAll([&] { ++ended; });
+        // A command started while the end is under way is stopped as it starts.
+        RunningCommands::RunnerHandle late = ending.newRunner();
+        ASSERT_TRUE(late->start(CHILD_QUIT_ON_Q));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ended > 0; }, 6000)) << c.child;
+        const auto took = Clock::now() - endAllCalled;
+        EXPECT_GE(took, c.shortest) << c.child;
+        EXPECT_LT(took, c.longest) << c.child;
+        EXPECT_EQ(ending.count(), 0u);
+        EXPECT_FALSE(late->running()) << c.child;
+        QTest::qWait(400);  // no late second report
+        EXPECT_EQ(ended, 1) << c.child;
+    }
+}
+
+TEST_F(CommandRunnerTest, ARunnerLetGoWhileItsChildRunsStopsItAndTellsNothingMore) {
+    for (const char* child : {CHILD_QUIT_ON_Q, CHILD_IGNORE_STOP}) {
+        RunningCommands::RunnerHandle window = commands.newRunner();
+        int told = 0;
+        window->ReceiveOutputs = [&](const std::string&) { ++told; };
+        window->OutputEnded = [&] { ++told; };
+        ASSERT_TRUE(window->start(child));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return told > 0; }, 2000));
+        const int toldBefore = told;
+        window.reset();
+        EXPECT_EQ(commands.count(), 1u) << child;  // kept until its output has ended
+        EXPECT_TRUE(QTest::qWaitFor([&] { return commands.count() == 0; }, 5000)) << child;
+        EXPECT_EQ(told, toldBefore) << child;
+    }
+}
+
+}  // namespace
+}  // namespace quillet
