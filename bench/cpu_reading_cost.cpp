@@ -11,8 +11,9 @@
 #include "app/forms.h"
 #include "app/proc_stat_sampler.h"
 #include "app/scripted_dialogs.h"
-#include "app/waits.h"
+#include "event_loop.h"
 #include "main/form1.h"
+#include "main/program_windows.h"
 #include "process_time.h"
 
 namespace {
@@ -33,12 +34,12 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     quillet::ScriptedDialogs dialogs;
     quillet::ProgramState state;
-    quillet::Forms forms(state, dialogs);
-    forms.form1().show();
+    quillet::ProgramForms forms(state, dialogs);
+    forms.get<quillet::Form1>().show();
     // The monitor's own timer stays quiet; only the readings below are taken.
     state.CpuMonitorEnabled = false;
-    quillet::Form3& monitor = forms.form3();
-    quillet::waitHandlingEvents(std::chrono::milliseconds(500));  // let the window settle
+    quillet::Form3& monitor = forms.get<quillet::Form3>();
+    runEventLoopFor(std::chrono::milliseconds(500));  // let the window settle
 
     const int readings = argc > 1 ? std::max(1, std::atoi(argv[1])) : 400;
     // The pause lets the counters move, so that every reading shows a figure as the timer's do;
@@ -50,12 +51,16 @@ int main(int argc, char** argv) {
         std::this_thread::sleep_for(pause);
         const auto before = processTime();
         shown += monitor.takeReading() ? 1 : 0;
-        quillet::handlePendingEvents();  // the cell's repaint
+        QCoreApplication::processEvents();  // the cell's repaint
         spent += processTime() - before;
     }
-    std::printf(
-        "%d readings, %d shown, last: %s\n", readings, shown,
-        forms.form1().controls().status(quillet::StatusCell::Cpu)->text().toStdString().c_str());
+    std::printf("%d readings, %d shown, last: %s\n", readings, shown,
+                forms.get<quillet::Form1>()
+                    .controls()
+                    .status(quillet::StatusCell::Cpu)
+                    ->text()
+                    .toStdString()
+                    .c_str());
     report("whole reading", spent, readings);
 
     quillet::ProcStatSampler sampler;

@@ -2,25 +2,18 @@
 // 20-second 640x360 clip with preset veryfast: encode time, the program's own processor time and
 // peak memory, and how far the output lands from its target for targets of 1, 2 and 5 MB.
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/forms.h"
-#include "app/platform_names.h"
 #include "app/scripted_dialogs.h"
 #include "jobs/command_lines.h"
-#include "jobs/output_name.h"
-#include "main/form1.h"
-#include "main/option_array.h"
-#include "main/xp_slider.h"
+#include "main/program_windows.h"
 #include "media.h"
 #include "process_time.h"
+#include "program_job.h"
 
 namespace {
 
@@ -44,24 +37,12 @@ double childTime() {
 }
 
 Run runThroughProgram(Forms& forms, const QString& source, int targetMb) {
-    quillet::Form1& form = forms.form1();
-    quillet::Form1Controls& c = form.controls();
-    quillet::ProgramState& state = forms.state();
-    state.SourceVideo = QDir::toNativeSeparators(source).toStdString();
-    state.OutputVideo =
-        quillet::compressedFileName(state.SourceVideo, quillet::kThisPlatform.separator).value();
-    c.Text6->setText("0,010");
-    c.Text8->setText("20");
-    c.xpSlider4->setValue(targetMb);
-    form.enableMethodItems();
-    c.xpOption1->item(0)->click();
-    const QString output = QString::fromStdString(state.OutputVideo);
-
+    const QString output = QFileInfo(source).dir().filePath("Compressed-clip.mp4");
     const double ownBefore = processTime().count();
     const double childBefore = childTime();
     QElapsedTimer clock;
     clock.start();
-    form.CompressionVars();
+    runTargetSizeJob(forms, source, "0,010", "20", targetMb);
     const double seconds = clock.elapsed() / 1000.0 - kFixedWaits;
     return {seconds, processTime().count() - ownBefore, childTime() - childBefore,
             QFileInfo(output).size() / 1048576.0};
@@ -81,34 +62,14 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QTemporaryDir folder;
     const QString source = folder.filePath("clip.mp4");
-    quillet::runTool("ffmpeg", {"-v",
-                                "error",
-                                "-y",
-                                "-f",
-                                "lavfi",
-                                "-i",
-                                "testsrc2=size=640x360:rate=25:duration=20",
-                                "-f",
-                                "lavfi",
-                                "-i",
-                                "sine=frequency=440:duration=20",
-                                "-c:v",
-                                "libx264",
-                                "-preset",
-                                "ultrafast",
-                                "-crf",
-                                "18",
-                                "-c:a",
-                                "aac",
-                                "-shortest",
-                                source});
+    makeBenchClip(source);
 
     quillet::ScriptedDialogs dialogs;
     quillet::ProgramState state;
     quillet::applyStartupDefaults(state);
-    Forms forms(state, dialogs);
-    forms.form1().show();
-    forms.form1().prepareAtStartup();
+    quillet::ProgramForms forms(state, dialogs);
+    forms.get<quillet::Form1>().show();
+    forms.get<quillet::Form1>().prepareAtStartup();
 
     const Run program = runThroughProgram(forms, source, 2);
     // The same command line, as the job composed it, with the output elsewhere.
