@@ -5,13 +5,16 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QString>
+#include <QTemporaryDir>
 
 #include "app/forms.h"
 #include "app/platform_names.h"
+#include "app/scripted_dialogs.h"
 #include "event_loop.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
 #include "main/option_array.h"
+#include "main/program_windows.h"
 #include "main/xp_slider.h"
 #include "media.h"
 
@@ -59,3 +62,19 @@ inline void makeBenchClip(const QString& path) {
                                 "-shortest",
                                 path});
 }
+
+// The program's windows as start-up leaves them, and the benches' clip in a folder of its own.
+struct BenchProgram {
+    BenchProgram() {
+        makeBenchClip(source);
+        quillet::applyStartupDefaults(state);
+        forms.get<quillet::Form1>().show();
+        forms.get<quillet::Form1>().prepareAtStartup();
+    }
+
+    QTemporaryDir folder;
+    const QString source = folder.filePath("clip.mp4");
+    quillet::ScriptedDialogs dialogs;
+    quillet::ProgramState state;
+    quillet::ProgramForms forms{state, dialogs};
+};

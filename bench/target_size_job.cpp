@@ -4,13 +4,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/scripted_dialogs.h"
 #include "jobs/command_lines.h"
-#include "main/program_windows.h"
 #include "media.h"
 #include "process_time.h"
 #include "program_job.h"
@@ -60,22 +57,15 @@ Run runDirectly(const std::string& commandLine) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    QTemporaryDir folder;
-    const QString source = folder.filePath("clip.mp4");
-    makeBenchClip(source);
-
-    quillet::ScriptedDialogs dialogs;
-    quillet::ProgramState state;
-    quillet::applyStartupDefaults(state);
-    quillet::ProgramForms forms(state, dialogs);
-    forms.get<quillet::Form1>().show();
-    forms.get<quillet::Form1>().prepareAtStartup();
+    BenchProgram bench;
+    quillet::Forms& forms = bench.forms;
+    const QString& source = bench.source;
 
     const Run program = runThroughProgram(forms, source, 2);
     // The same command line, as the job composed it, with the output elsewhere.
-    quillet::ProgramState job = state;
+    quillet::ProgramState job = bench.state;
     job.SourceVideo = QDir::toNativeSeparators(source).toStdString();
-    job.OutputVideo = folder.filePath("direct.mp4").toStdString();
+    job.OutputVideo = bench.folder.filePath("direct.mp4").toStdString();
     job.PresetName = "VeryFast";
     job.SampleRate = "44100";
     job.AudioBitRate = "160";

@@ -3,14 +3,11 @@
 // waited anywhere on its thread would show it here as long delays.
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <vector>
 
-#include "app/scripted_dialogs.h"
-#include "main/program_windows.h"
 #include "program_job.h"
 
 namespace {
@@ -28,16 +25,8 @@ double percentile(std::vector<double> values, double share) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    QTemporaryDir folder;
-    const QString source = folder.filePath("clip.mp4");
-    makeBenchClip(source);
-
-    quillet::ScriptedDialogs dialogs;
-    quillet::ProgramState state;
-    quillet::applyStartupDefaults(state);
-    quillet::ProgramForms forms(state, dialogs);
-    forms.get<quillet::Form1>().show();
-    forms.get<quillet::Form1>().prepareAtStartup();
+    BenchProgram bench;
+    quillet::Forms& forms = bench.forms;
 
     std::vector<double> lateness;  // milliseconds, while ffmpeg runs
     QElapsedTimer clock;
@@ -52,7 +41,7 @@ int main(int argc, char** argv) {
     });
     clock.start();
     probe.start(kIntervalMs);
-    runTargetSizeJob(forms, source, "0,010", "20", 2);
+    runTargetSizeJob(forms, bench.source, "0,010", "20", 2);
 
     std::printf(
         "timer lateness on the window's thread while ffmpeg ran (%zu firings of a %d ms "

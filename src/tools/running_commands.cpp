@@ -10,8 +10,11 @@ RunningCommands::RunningCommands(std::chrono::milliseconds gracePeriod)
     : gracePeriod_(gracePeriod) {}
 
 RunningCommands::~RunningCommands() {
-    // A child still running by now is ended with the program (see ChildProcess).
-    for (CommandRunner* runner : runners_) delete runner;
+    // Nothing is left to follow a child still running by now.
+    for (CommandRunner* runner : runners_) {
+        runner->dos_.KillChild();
+        delete runner;
+    }
 }
 
 RunningCommands::RunnerHandle RunningCommands::newRunner() {
