@@ -19,10 +19,21 @@ void HoverEffects::watch(QLabel* label, QTimer& endTimer, bool highlight) {
     // effect at once.
     label->setAttribute(Qt::WA_NoMousePropagation);
     label->installEventFilter(this);
-    watched_.push_back({label, &endTimer, highlight});
+    const QObject* object = label;
+    watched_.push_back({object, label, &endTimer, highlight});
+    connect(label, &QObject::destroyed, this, [this, object] {
+        std::erase_if(watched_, [object](const Watched& entry) { return entry.object == object; });
+    });
     if (std::none_of(watched_.begin(), watched_.end() - 1,
                      [&](const Watched& entry) { return entry.endTimer == &endTimer; })) {
-        connect(&endTimer, &QTimer::timeout, this, [this, &endTimer] { endEffectsOf(&endTimer); });
+        QTimer* timer = &endTimer;
+        connect(timer, &QTimer::timeout, this, [this, timer] { endEffectsOf(timer); });
+        // The main window's timers are destroyed before its labels, which still send events
+        // while they are taken down: from then on those labels have no effect to end.
+        connect(timer, &QObject::destroyed, this, [this, timer] {
+            std::erase_if(watched_,
+                          [timer](const Watched& entry) { return entry.endTimer == timer; });
+        });
     }
 }
 
@@ -36,7 +47,7 @@ bool HoverEffects::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     for (Watched& entry : watched_) {
-        if (entry.label != watched) continue;
+        if (entry.object != watched) continue;
         if (event->type() == QEvent::Enter) {
             entry.endTimer->stop();
             setEffect(entry, true);
@@ -49,7 +60,7 @@ bool HoverEffects::eventFilter(QObject* watched, QEvent* event) {
 
 void HoverEffects::setEffect(Watched& entry, bool on) {
     // Every mouse move over the window ends the effects; labels without one are left untouched.
-    if (!entry.label || entry.shown == on) return;
+    if (entry.shown == on) return;
     entry.shown = on;
     QFont font = entry.label->font();
     font.setUnderline(on);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <vector>
 
 class QLabel;
@@ -29,7 +28,13 @@ protected:
 
 private:
     struct Watched {
-        QPointer<QLabel> label;
+        // The label as the event filter sees it. A label that is being destroyed still sends
+        // events after it has stopped being a label, so its events are matched by this plain
+        // identity and never through `label`.
+        const QObject* object;
+        // Used only to show or end the effect, which nothing asks for while the label is being
+        // taken down; the entry goes once the label is destroyed.
+        QLabel* label;
         QTimer* endTimer;
         bool highlight;
         bool shown = false;
