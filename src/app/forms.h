@@ -63,7 +63,6 @@ public:
 
     // Marks the program as ending; false when it already was.
     bool startEnding() { return !std::exchange(ending_, true); }
-    bool ending() const { return ending_; }
 
 private:
     QPointer<QWidget>& slot(FormId id) { return slots_[static_cast<std::size_t>(id)]; }

@@ -117,6 +117,7 @@ void JobMachine::perform(const JobStep& step) {
 }
 
 void JobMachine::objDOS_ReceiveOutputs(const std::string& CommandOutputs) {
+    if (job_.readsCpuWithEachPiece) perform({JobAction::TakeCpuReading});
     ProgramState& state = forms_.state();
     const ProgressSoFar soFar{state.VideoSeconds, state.EncodedSeconds, state.SpeedLevel,
                               job_.followsTime, job_.captionEnding};

@@ -27,6 +27,7 @@ struct JobDescription {
     bool followsTime = true;
     std::string_view captionEnding = kCaptionCompleted;
     std::function<ProgressDisplay*()> display;  // null while there is nowhere to show it
+    bool readsCpuWithEachPiece = false;  // the processor monitor reads the load before each piece
 };
 
 // Runs one window's job as an object rather than a call stack: it takes the window's steps one

@@ -52,13 +52,13 @@ constexpr std::array<JobStep, 14> kUnloadsItself = {{
 
 constexpr std::array<CompressionJob, 4> kCompressionJobs = {{
     {"TFS", FormId::Form5, "Compressing to a Target File Size", targetSizeCommandLine, true,
-     kClosedByMainWindow},
+     kClosedByMainWindow, false},
     {"CRF", FormId::Form6, "Compressing with a Constant Rate Factor", crfCommandLine, true,
-     kClosedByMainWindow},
+     kClosedByMainWindow, false},
     {"ABR", FormId::Form7, "Compressing at an Average Bit Rate", abrCommandLine, false,
-     kUnloadsItself},
+     kUnloadsItself, true},
     {"QP", FormId::Form8, "Compressing with a Constant Quantizer", qpCommandLine, true,
-     kUnloadsItself},
+     kUnloadsItself, true},
 }};
 
 }  // namespace

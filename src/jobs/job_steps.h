@@ -48,6 +48,7 @@ struct CompressionJob {
     CommandLineFunction commandLine;
     bool followsTime;  // the progress bar and percentage follow ffmpeg's "time"
     std::span<const JobStep> steps;
+    bool readsCpuWithEachPiece;  // the processor monitor reads the load before each piece
 };
 
 // The job of a compression method, or null for a method that has none (an empty one).

@@ -21,7 +21,8 @@ JobWindow::JobWindow(Forms& forms, FormId id)
                 [this]() -> ProgressDisplay* {
                     MainWindow* mainWindow = forms_.mainWindow();
                     return mainWindow ? &mainWindow->progressDisplay() : nullptr;
-                }}) {
+                },
+                job_.readsCpuWithEachPiece}) {
     setWindowTitle(job_.title);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sourceLabel_);
