@@ -97,7 +97,7 @@ void Form4::whenMainWindowShown(std::function<void()> next) {
 
 void Form4::showMainWindow() {
     // The main window may have gone during the wait (the program ending); it is not brought back.
-    if (forms_.isLoaded(FormId::Form1)) forms_.load(FormId::Form1).show();
+    if (QWidget* mainWindow = forms_.loaded(FormId::Form1)) mainWindow->show();
     if (whenMainWindowShown_) std::exchange(whenMainWindowShown_, nullptr)();
 }
 
@@ -110,7 +110,8 @@ void Form4::centre() {
 void Form4::Timer1_Timer() {
     // The fade starts only once the main window is up behind the splash; otherwise look again at
     // the next tick.
-    if (!forms_.isLoaded(FormId::Form1) || !forms_.load(FormId::Form1).isVisible()) return;
+    const QWidget* mainWindow = forms_.loaded(FormId::Form1);
+    if (!mainWindow || !mainWindow->isVisible()) return;
     Timer1.stop();
     Timer2.stop();
     Timer3.start();

@@ -28,7 +28,7 @@ MainWindow* Forms::mainWindow() {
 }
 
 bool Forms::isLoaded(FormId id) const {
-    return !slots_[static_cast<std::size_t>(id)].isNull();
+    return loaded(id) != nullptr;
 }
 
 void Forms::unload(FormId id) {

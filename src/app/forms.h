@@ -57,6 +57,8 @@ public:
     MainWindow* mainWindow();
 
     bool isLoaded(FormId id) const;
+    // The window if it is loaded; null otherwise (nothing is loaded by asking).
+    QWidget* loaded(FormId id) const { return slots_[static_cast<std::size_t>(id)].data(); }
     void unload(FormId id);
     // The job and tool windows first, so that their children are asked to stop first.
     void unloadAll();

@@ -12,7 +12,6 @@ void endOnTerminationSignals(std::function<void()>) {}
 
 #else
 
-#include <fcntl.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <unistd.h>

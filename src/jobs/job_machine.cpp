@@ -87,7 +87,8 @@ void JobMachine::perform(const JobStep& step) {
             state.JobFinished = true;
             break;
         case JobAction::CloseSampleRateChooser:
-            if (forms_.isLoaded(FormId::Form9) && forms_.load(FormId::Form9).isVisible()) {
+            if (const QWidget* chooser = forms_.loaded(FormId::Form9);
+                chooser && chooser->isVisible()) {
                 forms_.unload(FormId::Form9);
             }
             break;
@@ -134,8 +135,8 @@ void JobMachine::placeWindow() {
     window_.adjustSize();
     // Beside the main window when there is room, so that its progress display stays in sight.
     QPoint place(screen.right() - window_.width() - 20, screen.top() + 40);
-    if (forms_.isLoaded(FormId::Form1)) {
-        const QRect main = forms_.load(FormId::Form1).frameGeometry();
+    if (const QWidget* mainWindow = forms_.loaded(FormId::Form1)) {
+        const QRect main = mainWindow->frameGeometry();
         if (main.right() + 10 + window_.width() <= screen.right()) {
             place = {main.right() + 10, main.top()};
         }
