@@ -13,8 +13,8 @@
 #include "app/scripted_dialogs.h"
 #include "event_loop.h"
 #include "main/form1.h"
-#include "main/program_windows.h"
 #include "process_time.h"
+#include "program_windows.h"
 
 namespace {
 

@@ -14,9 +14,9 @@
 #include "jobs/output_name.h"
 #include "main/form1.h"
 #include "main/option_array.h"
-#include "main/program_windows.h"
 #include "main/xp_slider.h"
 #include "media.h"
+#include "program_windows.h"
 
 // A target-size job through the program's own windows, started with Compress > Start Compression;
 // returns once its window has gone. The source's size and running time are given as the main

@@ -5,7 +5,7 @@
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "app/termination_signals.h"
-#include "main/program_windows.h"
+#include "program_windows.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

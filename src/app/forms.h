@@ -56,6 +56,10 @@ public:
     // The main window while it is loaded; null once it has gone (the program ending).
     MainWindow* mainWindow();
 
+    // Whether the program has the window at all (one still to be built has no factory yet).
+    bool canLoad(FormId id) const {
+        return static_cast<bool>(factories_[static_cast<std::size_t>(id)]);
+    }
     bool isLoaded(FormId id) const;
     // The window if it is loaded; null otherwise (nothing is loaded by asking).
     QWidget* loaded(FormId id) const { return slots_[static_cast<std::size_t>(id)].data(); }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace quillet {
 
 class ProgressDisplay;
+
+// The cells of the main window's status strip, left to right.
+enum class StatusCell { Method, Cpu, SourceSize, Written, SampleRate, Count };
 
 // What the other windows ask of the main window, so that they need not know it: the splash window
 // and start-up, the processor monitor, and the windows that run jobs.
@@ -27,6 +31,15 @@ public:
     virtual void resetProgressDisplay() = 0;
     // Every speed cell but the last back to the normal colour.
     virtual void normalSpeedCellsButLast() = 0;
+    // The tool windows write the status strip directly.
+    virtual void showStatusText(StatusCell cell, const std::string& text) = 0;
+    // The highlight colour on a cell, until something puts the normal colour back.
+    virtual void markStatusCell(StatusCell cell) = 0;
+    // The two sample-rate items the window offers itself, 0 "44100 Hz" and 1 "48000 Hz": which is
+    // selected, if either, and selecting one or neither (without the item's click).
+    virtual std::optional<int> selectedSampleRateItem() const = 0;
+    virtual void selectSampleRateItem(std::optional<int> item) = 0;
+
     // The reset procedure: the controls and the shared values back to their initial state, the
     // job and tool windows unloaded.
     virtual void ResetApp() = 0;

@@ -28,6 +28,9 @@ struct FormatLocale {
 // `text` without the blanks at either end (only spaces count, as the windows' texts are trimmed).
 std::string_view trimBlanks(std::string_view text);
 
+// `text` with the letters A-Z in lower case; every other byte, UTF-8 included, stays as it is.
+std::string lowerCaseAscii(std::string text);
+
 // A fixed-point number pattern: at least minIntegerDigits integer digits (zero-padded), exactly
 // `decimals` decimals, and optionally the group separator every three integer digits.
 struct NumberPattern {

@@ -1,5 +1,7 @@
 #include "app/tool_check.h"
 
+#include "app/text_format.h"
+
 #include <algorithm>
 #include <initializer_list>
 #include <string_view>
@@ -15,13 +17,6 @@ constexpr const char* kLineBreak = "\r\n";
 // Windows file names ignore case, so there the check does too.
 bool namesIgnoreCase(const PlatformNames& names) {
     return names.separator == '\\';
-}
-
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return text;
 }
 
 std::string joinLines(std::initializer_list<std::string_view> lines) {
@@ -59,7 +54,7 @@ ToolsFound findTools(const std::vector<std::string>& fileNames, const PlatformNa
     const std::string suffix(names.executableSuffix);
     ToolsFound found;
     for (const std::string& fileName : fileNames) {
-        const std::string name = ignoreCase ? lowerCase(fileName) : fileName;
+        const std::string name = ignoreCase ? lowerCaseAscii(fileName) : fileName;
         if (name == "ffmpeg" + suffix) found.ffmpeg = true;
         if (name == "ffprobe" + suffix) found.ffprobe = true;
     }

@@ -13,6 +13,11 @@ namespace quillet {
 // rate, and whether the output path is quoted (unquoted, a blank in it splits the argument). The
 // program path is never quoted; the source path always is. `programFolder` holds ffmpeg.
 
+// The ffmpeg program in `folder`, unquoted, called with or without the system's program ending.
+std::string ffmpegProgram(const std::string& folder, const PlatformNames& names, bool withSuffix);
+// The source input that every ffmpeg command of the program starts with: " -i "SOURCE" ".
+std::string sourceInput(const std::string& source);
+
 // Target file size: ... -c:v libx265 -preset P -b:v RATEk -c:a aac -b:a Ak -ar S -y "OUT"
 std::string targetSizeCommandLine(const std::string& programFolder, const ProgramState& job,
                                   const PlatformNames& names);

@@ -1,7 +1,5 @@
 #include "jobs/job_machine.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QWidget>
 
 #include "app/form3.h"
@@ -9,6 +7,7 @@
 #include "app/main_window.h"
 #include "app/platform_names.h"
 #include "app/qt_format_locale.h"
+#include "app/window_placement.h"
 #include "jobs/output_name.h"
 #include "tools/ffmpeg_progress.h"
 #include "tools/progress_display.h"
@@ -24,11 +23,13 @@ JobMachine::JobMachine(Forms& forms, QWidget& window, JobDescription job)
 
 void JobMachine::start() {
     next_ = 0;
+    busy_ = true;
     advance();
 }
 
 void JobMachine::abandon() {
     abandoned_ = true;
+    busy_ = false;
     wait_.stop();
     objDOS_.reset();
 }
@@ -38,7 +39,10 @@ void JobMachine::advance() {
         const JobStep& step = job_.steps[next_++];
         switch (step.action) {
             case JobAction::StopIfFinished:
-                if (forms_.state().JobFinished) return;
+                if (forms_.state().JobFinished) {
+                    busy_ = false;
+                    return;
+                }
                 break;
             case JobAction::Wait:
                 if (abandoned_) return;
@@ -60,6 +64,7 @@ void JobMachine::advance() {
                 perform(step);
         }
     }
+    busy_ = false;
 }
 
 void JobMachine::perform(const JobStep& step) {
@@ -67,7 +72,8 @@ void JobMachine::perform(const JobStep& step) {
     MainWindow* mainWindow = forms_.mainWindow();
     switch (step.action) {
         case JobAction::PlaceWindow:
-            placeWindow();
+            placeBesideMainWindow(forms_, window_);
+            window_.show();
             break;
         case JobAction::NameOutput:
             if (const auto output =
@@ -98,6 +104,12 @@ void JobMachine::perform(const JobStep& step) {
         case JobAction::PlayOnCompletion:
             playOnCompletion();
             break;
+        case JobAction::PlayUnlessJobFinished:
+            if (mainWindow && mainWindow->playOnCompletion() && !state.JobFinished) openOutput();
+            break;
+        case JobAction::WindowEnding:
+            if (job_.ending) job_.ending();
+            break;
         case JobAction::ResetProgressDisplay:
             if (mainWindow) mainWindow->resetProgressDisplay();
             break;
@@ -120,7 +132,8 @@ void JobMachine::perform(const JobStep& step) {
 void JobMachine::objDOS_ReceiveOutputs(const std::string& CommandOutputs) {
     if (job_.readsCpuWithEachPiece) perform({JobAction::TakeCpuReading});
     ProgramState& state = forms_.state();
-    const ProgressSoFar soFar{state.VideoSeconds, state.EncodedSeconds, state.SpeedLevel,
+    const std::string videoSeconds = job_.videoSeconds ? job_.videoSeconds() : state.VideoSeconds;
+    const ProgressSoFar soFar{videoSeconds, state.EncodedSeconds, state.SpeedLevel,
                               job_.followsTime, job_.captionEnding};
     const ProgressReading reading = readProgressPiece(CommandOutputs, soFar, formatLocale());
     state.EncodedSeconds = reading.encodedSeconds;
@@ -130,27 +143,16 @@ void JobMachine::objDOS_ReceiveOutputs(const std::string& CommandOutputs) {
     }
 }
 
-void JobMachine::placeWindow() {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    window_.adjustSize();
-    // Beside the main window when there is room, so that its progress display stays in sight.
-    QPoint place(screen.right() - window_.width() - 20, screen.top() + 40);
-    if (const QWidget* mainWindow = forms_.loaded(FormId::Form1)) {
-        const QRect main = mainWindow->frameGeometry();
-        if (main.right() + 10 + window_.width() <= screen.right()) {
-            place = {main.right() + 10, main.top()};
-        }
-    }
-    window_.move(place);
-    window_.show();
-}
-
 void JobMachine::playOnCompletion() {
     ProgramState& state = forms_.state();
     MainWindow* mainWindow = forms_.mainWindow();
     if (!mainWindow || !mainWindow->playOnCompletion() || state.OutputOpened) return;
-    forms_.dialogs().openExternally(state.OutputVideo);
+    openOutput();
     state.OutputOpened = true;
+}
+
+void JobMachine::openOutput() {
+    forms_.dialogs().openExternally(job_.output ? job_.output() : forms_.state().OutputVideo);
 }
 
 }  // namespace quillet

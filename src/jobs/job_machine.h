@@ -28,6 +28,11 @@ struct JobDescription {
     std::string_view captionEnding = kCaptionCompleted;
     std::function<ProgressDisplay*()> display;  // null while there is nowhere to show it
     bool readsCpuWithEachPiece = false;  // the processor monitor reads the load before each piece
+    // The source's running time for the percentage; the job settings' VideoSeconds when null.
+    std::function<std::string()> videoSeconds;
+    // The output that the play steps open; the job settings' OutputVideo when null.
+    std::function<std::string()> output;
+    std::function<void()> ending;  // the WindowEnding step
 };
 
 // Runs one window's job as an object rather than a call stack: it takes the window's steps one
@@ -46,6 +51,8 @@ public:
     // From the window's unload: no step starts after the one under way, and a running ffmpeg is
     // asked to stop, then ended firmly.
     void abandon();
+    // From start() until the last step is done, or the job stops or is abandoned.
+    bool busy() const { return busy_; }
 
 private:
     // Takes the steps that need no time, up to a wait, a run or the end of the steps.
@@ -53,14 +60,15 @@ private:
     // Carries out a step that needs no time.
     void perform(const JobStep& step);
     void objDOS_ReceiveOutputs(const std::string& CommandOutputs);
-    void placeWindow();
     void playOnCompletion();
+    void openOutput();
 
     Forms& forms_;
     QWidget& window_;
     const JobDescription job_;
     std::size_t next_ = 0;
     bool abandoned_ = false;
+    bool busy_ = false;
     QTimer wait_;
     RunningCommands::RunnerHandle objDOS_;
 };

@@ -25,11 +25,14 @@ enum class JobAction {
     CloseSampleRateChooser,  // the sample-rate chooser goes, if it is showing
     ForgetSpeedLevel,        // SpeedLevel becomes -1
     PlayOnCompletion,        // the output opens, once per job, if the main window asks for it
+    PlayUnlessJobFinished,   // the output opens if the main window asks for it and JobFinished
+                             // is still clear
     SpeedDisplayOff,         // the main window stops following the speed (finished-job element)
     ResetProgressDisplay,    // the bar empty and the caption "Compression Progress 00% Completed"
     ResetMainWindow,         // the main window's reset procedure
     NormalSpeedCells,        // every speed cell but the last back to the normal colour
     UnloadWindow,            // the window unloads itself
+    WindowEnding,            // what the window itself does at the end of a run
 };
 
 struct JobStep {

@@ -15,14 +15,19 @@ JobWindow::JobWindow(Forms& forms, FormId id)
       sourceLabel_(new QLabel(this)),
       outputLabel_(new QLabel(this)),
       machine_(forms, *this,
-               {id, job_.steps,
+               {id,
+                job_.steps,
                 [this] { return job_.commandLine(programFolder(), forms_.state(), kThisPlatform); },
-                job_.followsTime, kCaptionCompleted,
+                job_.followsTime,
+                kCaptionCompleted,
                 [this]() -> ProgressDisplay* {
                     MainWindow* mainWindow = forms_.mainWindow();
                     return mainWindow ? &mainWindow->progressDisplay() : nullptr;
                 },
-                job_.readsCpuWithEachPiece}) {
+                job_.readsCpuWithEachPiece,
+                {},
+                {},
+                {}}) {
     setWindowTitle(job_.title);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sourceLabel_);

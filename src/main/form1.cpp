@@ -32,8 +32,6 @@ constexpr int kOuterHeightTwips = 12510;
 // Status-strip captions of the method items, by index.
 constexpr std::array<const char*, 4> kMethodCaptions = {"Method: Target Size", "Method: CRF",
                                                         "Method: ABR", "Method: QP"};
-// What the sample-rate items store, by index.
-constexpr std::array<const char*, 2> kSampleRates = {"44100", "48000"};
 
 // Numbers are shown with the separators of the user's language.
 FormatLocale shownLocale() {
@@ -271,12 +269,6 @@ void Form1::xpOption1_Click(int index) {
     flashStatus(StatusCell::Method, kMethodCaptions[static_cast<std::size_t>(index)], Timer5);
 }
 
-void Form1::Option1_Click(int index) {
-    const std::string rate = kSampleRates.at(static_cast<std::size_t>(index));
-    forms_.state().SampleRate = rate;
-    flashStatus(StatusCell::SampleRate, QString::fromStdString(rate + "Hz"), Timer6);
-}
-
 void Form1::xpSlider1_ValueChanged() {
     const std::string name = presetName(c_.xpSlider1->value());
     showText(c_.Label9, name);
@@ -370,13 +362,6 @@ void Form1::Timer1_Timer() {
     if (const auto looks = speedTimerTick(forms_.state().SpeedLevel, lastSpeedShown_)) {
         c_.Label8->apply(*looks);
     }
-}
-
-void Form1::Timer9_Timer() {
-    // Once a tool runs, the splash window has no more business on screen.
-    if (!forms_.state().ToolBusy) return;
-    forms_.unload(FormId::Form4);
-    Timer9.stop();
 }
 
 void Form1::showSliderLabel(const SliderLabel& label, QLabel* value, QLabel* unit) {

@@ -66,6 +66,10 @@ public:
     bool playOnCompletion() const override;
     void resetProgressDisplay() override;
     void normalSpeedCellsButLast() override;
+    void showStatusText(StatusCell cell, const std::string& text) override;
+    void markStatusCell(StatusCell cell) override;
+    std::optional<int> selectedSampleRateItem() const override;
+    void selectSampleRateItem(std::optional<int> item) override;
 
     // The reset procedure (Reset App, and the end of every job and tool): the controls show their
     // initial texts, the shared values go back to theirs, and the job and tool windows go.
@@ -90,7 +94,8 @@ private:
     void applyStoredCpuSwitch();
     void showCpuMonitor(bool on);
     void mnu_StartCompress_Click();
-    void openTool();
+    // Opens a tool window, after the tool check, with no method chosen meanwhile.
+    void openTool(FormId tool);
     void mnu_Help_Click();
     void mnu_AboutThisApp_Click();
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <vector>
 
+#include "app/main_window.h"
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -15,9 +17,6 @@ namespace quillet {
 class OptionArray;
 class SpeedCellRow;
 class XpSlider;
-
-// The cells of the status strip (the label array Label26), left to right.
-enum class StatusCell { Method, Cpu, SourceSize, Written, SampleRate, Count };
 
 // Every control of the main window, by the name the program gives it. The windows that write into
 // the main window (source selection, jobs, tools, the reset) reach its controls through this.

@@ -25,9 +25,9 @@ void Form1::buildMenus() {
         {"mnu_ShowCPU", [this] { mnu_ShowCPU_Click(); }},
         {"mnu_Exit", [this] { Form_QueryUnload(); }},
         {"mnu_StartCompress", [this] { mnu_StartCompress_Click(); }},
-        {"mnu_mp3Audio", [this] { openTool(); }},
-        {"mnu_DownScaleRes", [this] { openTool(); }},
-        {"mnu_AlterFPS", [this] { openTool(); }},
+        {"mnu_mp3Audio", [this] { openTool(FormId::Form10); }},
+        {"mnu_DownScaleRes", [this] { openTool(FormId::Form11); }},
+        {"mnu_AlterFPS", [this] { openTool(FormId::Form13); }},
         {"mnu_Help", [this] { mnu_Help_Click(); }},
         {"mnu_AboutThisApp", [this] { mnu_AboutThisApp_Click(); }},
     };
@@ -77,16 +77,6 @@ void Form1::mnu_StartCompress_Click() {
         "Please select the Video to be compressed.", "No Video Selected",
         MessageBoxFlags::Exclamation + MessageBoxFlags::RetryCancel);
     if (answer == MessageBoxButton::Retry) Label21_MouseUp(1);
-}
-
-void Form1::openTool() {
-    checkToolPresence(programFolderPath(), kThisPlatform, forms_.dialogs());
-    // No method stays chosen while a tool works: the user chooses again afterwards.
-    for (XpSlider* slider : {c_.xpSlider2, c_.xpSlider4, c_.xpSlider5, c_.xpSlider6, c_.xpSlider7,
-                             c_.xpSlider8, c_.xpSlider9, c_.xpSlider10}) {
-        slider->setEnabled(false);
-    }
-    clearMethodSelection();
 }
 
 void Form1::mnu_Help_Click() {

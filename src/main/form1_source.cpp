@@ -1,52 +1,22 @@
 // Choosing the source video and finding its running time.
-#include <QEvent>
-#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
-#include <QMouseEvent>
-#include <filesystem>
-#include <functional>
 
 #include "app/forms.h"
 #include "app/platform_names.h"
 #include "app/program_folder.h"
-#include "app/qt_format_locale.h"
 #include "app/tool_check.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
+#include "main/mouse_up.h"
+#include "main/source_file.h"
 #include "main/source_video.h"
 #include "tools/duration_probe.h"
 
 namespace quillet {
 
-namespace {
-
-// Hands every mouse release on a widget to a handler with the button's number: 1 left, 2 right,
-// 4 middle, as the program's handlers count them (Qt numbers them alike).
-class MouseUpFilter : public QObject {
-public:
-    MouseUpFilter(QWidget* widget, std::function<void(int)> handler)
-        : QObject(widget), handler_(std::move(handler)) {
-        widget->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonRelease) {
-            handler_(static_cast<int>(static_cast<QMouseEvent*>(event)->button()));
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    std::function<void(int)> handler_;
-};
-
-}  // namespace
-
 void Form1::connectSourceLabel() {
-    new MouseUpFilter(c_.Label21, [this](int button) { Label21_MouseUp(button); });
+    onMouseUp(c_.Label21, [this](int button) { Label21_MouseUp(button); });
 }
 
 void Form1::showSourceName(const QString& name) {
@@ -82,15 +52,12 @@ void Form1::Label21_MouseUp(int Button) {
     const auto name = sourceFileName(state.SourceVideo, separator);
     if (!name) return;
     showSourceName(QString::fromStdString(*name));
-    const QFileInfo file(QString::fromStdString(state.SourceVideo));
-    if (file.isFile()) {
-        // The size box drives the target-size arithmetic.
-        c_.Text6->setText(QString::fromStdString(
-            sourceSizeText(static_cast<std::uintmax_t>(file.size()), formatLocale(QLocale()))));
+    // The size box drives the target-size arithmetic.
+    if (const auto size = sourceFileSizeText(state.SourceVideo)) {
+        c_.Text6->setText(QString::fromStdString(*size));
     }
     // A probe of an earlier source is ended by its replacement, without waiting for it.
-    durationProbe_ = std::make_unique<DurationProbe>(
-        durationProbeCommandLine(programFolder(), state.SourceVideo, kThisPlatform));
+    durationProbe_ = probeRunningTime(state.SourceVideo);
     Timer3.start();
 }
 

@@ -22,11 +22,7 @@ bool isRefusedSourceFormat(const std::string& path, char separator) {
     const std::string part = partStart == std::string::npos ? path : path.substr(partStart + 1);
     const auto dot = part.rfind('.');
     if (dot == std::string::npos) return false;
-    std::string extension = part.substr(dot + 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return extension == "mkv";
+    return lowerCaseAscii(part.substr(dot + 1)) == "mkv";
 }
 
 std::optional<std::string> sourceFileName(const std::string& path, char separator) {

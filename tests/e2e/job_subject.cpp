@@ -16,8 +16,8 @@
 #include "app/termination_signals.h"
 #include "main/form1.h"
 #include "main/option_array.h"
-#include "main/program_windows.h"
 #include "processes.h"
+#include "program_windows.h"
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -29,6 +29,10 @@ public:
     void resetProgressDisplay() override { note_("progress display reset"); }
     void normalSpeedCellsButLast() override { note_("speed cells normal"); }
     void ResetApp() override { note_("reset"); }
+    void showStatusText(StatusCell, const std::string&) override {}
+    void markStatusCell(StatusCell) override {}
+    std::optional<int> selectedSampleRateItem() const override { return std::nullopt; }
+    void selectSampleRateItem(std::optional<int>) override {}
     void setProgressMaximum(double) override {}
     void setProgressValue(double) override {}
     void setProgressCaption(const std::string& caption) override { note_(caption); }
@@ -65,10 +69,16 @@ protected:
                          std::function<void(std::string)> note)
             : note_(std::move(note)),
               machine_(forms, *this,
-                       {job.window, job.steps,
+                       {job.window,
+                        job.steps,
                         [] { return std::string(CHILD_RECORD_ARGS " \"time=00:00:04.00\""); },
-                        job.followsTime, kCaptionCompleted,
-                        [&forms] { return &forms.mainWindow()->progressDisplay(); }}) {}
+                        job.followsTime,
+                        kCaptionCompleted,
+                        [&forms] { return &forms.mainWindow()->progressDisplay(); },
+                        false,
+                        {},
+                        {},
+                        {}}) {}
         void Form_Load() override { machine_.start(); }
         void Form_Unload() override {
             note_("unloaded");

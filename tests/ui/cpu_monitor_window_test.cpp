@@ -11,7 +11,7 @@
 #include "app/forms.h"
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
-#include "main/program_windows.h"
+#include "program_windows.h"
 
 namespace quillet {
 namespace {

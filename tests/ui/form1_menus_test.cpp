@@ -99,7 +99,7 @@ TEST_F(Form1Menus, AboutNamesTheMaker) {
     EXPECT_EQ(dialogs.shown()[0].text, "Tessellan Works\r\nQuillet (Version 2.0)");
 }
 
-TEST_F(Form1Menus, OpeningAToolLeavesNoMethodChosen) {
+TEST_F(Form1Menus, OpeningAToolShowsItWithNoMethodChosenAndResetAppUnloadsIt) {
     form.enableMethodItems();
     c.xpOption1->item(2)->click();
     ASSERT_TRUE(c.xpSlider5->isEnabled());
@@ -113,6 +113,15 @@ TEST_F(Form1Menus, OpeningAToolLeavesNoMethodChosen) {
     // Each tool command first looks for the tools, which this test's folder does not hold.
     ASSERT_EQ(dialogs.shown().size(), 3u);
     for (const auto& box : dialogs.shown()) EXPECT_EQ(box.title, "FFmpeg Components Not Found");
+    c.Option1->item(1)->click();  // the sample-rate chooser
+    for (FormId tool : {FormId::Form9, FormId::Form10, FormId::Form13}) {
+        ASSERT_TRUE(forms.isLoaded(tool));
+        EXPECT_TRUE(forms.loaded(tool)->isVisible());
+    }
+    trigger("mnu_Deselect");
+    for (FormId tool : {FormId::Form9, FormId::Form10, FormId::Form13}) {
+        EXPECT_FALSE(forms.isLoaded(tool));
+    }
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "app/scripted_dialogs.h"
 #include "app/startup.h"
 #include "main/form1.h"
-#include "main/program_windows.h"
+#include "program_windows.h"
 
 namespace quillet {
 namespace {

@@ -1,9 +1,12 @@
-#include "main/program_windows.h"
+#include "program_windows.h"
 
 #include "app/form3.h"
 #include "app/form4.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
+#include "toolwindows/form10.h"
+#include "toolwindows/form13.h"
+#include "toolwindows/form9.h"
 
 namespace quillet {
 
@@ -25,6 +28,9 @@ Forms::Factories programWindows() {
     add<Form6>(factories);
     add<Form7>(factories);
     add<Form8>(factories);
+    add<Form9>(factories);
+    add<Form10>(factories);
+    add<Form13>(factories);
     return factories;
 }
 

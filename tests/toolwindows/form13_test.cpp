@@ -1,0 +1,71 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "form1_test_window.h"
+#include "toolwindows/form13.h"
+
+namespace quillet {
+namespace {
+
+// The frame-rate tool, opened from the main window's Tools menu.
+class FrameRateTool : public Form1Window {
+protected:
+    void SetUp() override {
+        dialogs.answerBox(MessageBoxButton::Cancel);  // the tool check finds no ffmpeg here
+        form.findChild<QAction*>("mnu_AlterFPS")->trigger();
+        ASSERT_TRUE(forms.isLoaded(FormId::Form13));
+    }
+    Form13& tool() { return forms.get<Form13>(); }
+    template <class T>
+    T* control(const char* name) {
+        return tool().findChild<T*>(name);
+    }
+    bool commandHas(const std::string& piece) {
+        return tool().commandLine().find(piece) != std::string::npos;
+    }
+    void encode() { control<QAction>("mnu_EncodeVideo")->trigger(); }
+};
+
+TEST_F(FrameRateTool, OpensAtThirtyWithTheCustomBoxClosed) {
+    EXPECT_TRUE(control<QRadioButton>("Option1(5)")->isChecked());
+    EXPECT_FALSE(control<QCheckBox>("Check1")->isChecked());
+    EXPECT_EQ(control<QLineEdit>("Text1")->text(), "30");
+    EXPECT_FALSE(control<QLineEdit>("Text1")->isEnabled());
+    EXPECT_TRUE(
+        commandHas(" -c:v libx265 -filter:v fps=30 -preset veryfast -c:a aac -b:a 160k "
+                   "-ar 44100 -y "));
+}
+
+TEST_F(FrameRateTool, AnOptionGivesItsWholeRate) {
+    control<QRadioButton>("Option1(4)")->click();
+    EXPECT_TRUE(commandHas("fps=29 "));
+}
+
+TEST_F(FrameRateTool, CustomRatesAreCutToWholeNumbersAndLettersAreRefused) {
+    control<QRadioButton>("Option1(2)")->click();
+    QCheckBox* custom = control<QCheckBox>("Check1");
+    QLineEdit* box = control<QLineEdit>("Text1");
+    custom->click();
+    EXPECT_TRUE(box->isEnabled());
+    EXPECT_FALSE(control<QRadioButton>("Option1(0)")->isEnabled());
+    EXPECT_TRUE(control<QRadioButton>("Option1(2)")->isChecked());  // the options keep their choice
+
+    box->setText("23.9");
+    encode();  // no source: the dialog opens, cancelled
+    EXPECT_EQ(dialogs.shown().back().kind, "open file");
+    EXPECT_TRUE(commandHas("fps=23 "));
+
+    const std::size_t before = dialogs.shown().size();
+    box->setText("abc");
+    ASSERT_EQ(dialogs.shown().size(), before + 1);
+    EXPECT_EQ(dialogs.shown().back().text, "Frame Rate can only be Integers (Numbers)");
+    EXPECT_EQ(dialogs.shown().back().title, "Alpha Characters");
+    EXPECT_EQ(dialogs.shown().back().flags, 49);
+    encode();
+    EXPECT_TRUE(commandHas("fps=23 "));  // the rate read before stays in force
+}
+
+}  // namespace
+}  // namespace quillet
