@@ -22,6 +22,7 @@ JobMachine::JobMachine(Forms& forms, QWidget& window, JobDescription job)
 }
 
 void JobMachine::start() {
+    wait_.stop();
     next_ = 0;
     busy_ = true;
     advance();
@@ -32,6 +33,10 @@ void JobMachine::abandon() {
     busy_ = false;
     wait_.stop();
     objDOS_.reset();
+}
+
+bool JobMachine::busy() const {
+    return busy_ && !(wait_.isActive() && next_ == job_.steps.size());
 }
 
 void JobMachine::advance() {

@@ -51,8 +51,9 @@ public:
     // From the window's unload: no step starts after the one under way, and a running ffmpeg is
     // asked to stop, then ended firmly.
     void abandon();
-    // From start() until the last step is done, or the job stops or is abandoned.
-    bool busy() const { return busy_; }
+    // From start() until the job stops, is abandoned, or has only its closing pause left (a
+    // pause that leads to nothing more need not hold up the next run).
+    bool busy() const;
 
 private:
     // Takes the steps that need no time, up to a wait, a run or the end of the steps.

@@ -54,6 +54,16 @@ protected:
         return QTest::qWaitFor([] { return ffmpegChildren().size() == 1; }, 10000);
     }
 
+    // Opens a tool window from the Tools menu and chooses its source with its own File > Select
+    // Video.
+    QWidget& openTool(const char* item, FormId window, const QString& source) {
+        trigger(item);
+        QWidget& tool = *forms.loaded(window);
+        dialogs.answerFile(QDir::toNativeSeparators(source).toStdString());
+        tool.findChild<QAction*>("mnu_SelectVideo")->trigger();
+        return tool;
+    }
+
     QString output(const QString& source) const {
         return QFileInfo(source).dir().filePath("Compressed-" + QFileInfo(source).fileName());
     }

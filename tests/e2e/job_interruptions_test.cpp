@@ -119,6 +119,30 @@ TEST_F(JobInterruption, StartingAgainWhileAJobRunsStartsNoSecondFfmpeg) {
     EXPECT_TRUE(probe(output(source)).contains("codec_name=hevc"));
 }
 
+TEST_F(JobInterruption, ExitDuringAToolRunEndsFfmpegAndQuits) {
+    const QString source = folder.filePath("long clip.mp4");
+    ASSERT_TRUE(makeClip(source, 60));
+    QWidget& tool = openTool("mnu_mp3Audio", FormId::Form10, source);
+    tool.findChild<QAction*>("mnu_ReEncode")->trigger();
+    ASSERT_TRUE(waitForFfmpeg());
+    EXPECT_EQ(quitAfter([&] { trigger("mnu_Exit"); }), 0);
+    EXPECT_LT(tookToQuit, 5000);
+    expectAllGone(FormId::Form10);
+}
+
+TEST_F(JobInterruption, ResetAppDuringAToolRunEndsFfmpegAndUnloadsTheTool) {
+    const QString source = folder.filePath("long clip.mp4");
+    ASSERT_TRUE(makeClip(source, 60));
+    QWidget& tool = openTool("mnu_AlterFPS", FormId::Form13, source);
+    tool.findChild<QAction*>("mnu_EncodeVideo")->trigger();
+    ASSERT_TRUE(waitForFfmpeg());
+    trigger("mnu_Deselect");
+    EXPECT_FALSE(forms.isLoaded(FormId::Form13));
+    EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    QTest::qWait(2500);  // the tool's own steps, had any been left, would have run by now
+    EXPECT_FALSE(state.JobFinished);
+}
+
 TEST_F(JobInterruption, ExitWhileTheSourceNeverDeliversEndsEverythingWithinFiveSeconds) {
     const QString pipe = folder.filePath("never.mp4");
     ASSERT_EQ(::mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);

@@ -24,11 +24,12 @@ inline bool makeClip(const QString& path, int seconds) {
     return QFile::exists(path);
 }
 
-// Stream codecs, sample rate and duration, one "key=value" a line, as ffprobe reports them.
+// Stream codecs, sample and frame rates and duration, one "key=value" a line, as ffprobe reports
+// them.
 inline QString probe(const QString& path) {
-    return runTool("ffprobe",
-                   {"-v", "error", "-show_entries", "stream=codec_name,sample_rate:format=duration",
-                    "-of", "default=noprint_wrappers=1", path});
+    return runTool("ffprobe", {"-v", "error", "-show_entries",
+                               "stream=codec_name,sample_rate,r_frame_rate:format=duration", "-of",
+                               "default=noprint_wrappers=1", path});
 }
 
 }  // namespace quillet
