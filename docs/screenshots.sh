@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes the README's pictures of the program on a private X display: the main window at rest, and
-# the main window with a target-size job running on a generated clip. Needs a build (bash setup.sh
+# Takes the README's pictures of the program on a private X display: the main window at rest, the
+# main window with a target-size job running on a generated clip, and each tool window. Needs a build (bash setup.sh
 # run or test) and Debian's xvfb, xdotool and imagemagick.
 # Usage: bash docs/screenshots.sh
 set -euo pipefail
@@ -30,4 +30,18 @@ sleep 2
 click 75 8 && click 110 32
 sleep 6
 DISPLAY=$display import -window root -crop 1000x835+0+0 +repage "$top/docs/quillet-job.png"
-echo "saved docs/quillet-main-window.png and docs/quillet-job.png"
+
+# The tools, each from its menu item (Tools > MP3 audio, Tools > frame rate), and the sample-rate
+# chooser from the main window's "48000 Hz"; each picture is of the window alone.
+shoot() {
+    local id
+    id=$(DISPLAY=$display xdotool search --name "$1" | tail -1)
+    DISPLAY=$display import -window "$id" "$top/docs/$2"
+}
+click 133 8 && click 200 29
+shoot "^Encode Video Audio $" quillet-mp3-tool.png
+click 133 8 && click 200 73
+shoot "^Alter Video Frame Rate" quillet-frame-rate-tool.png
+click 497 581
+shoot "^Audio Sample Rate$" quillet-sample-rate-chooser.png
+echo "saved the pictures in docs/"

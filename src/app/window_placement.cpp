@@ -10,7 +10,8 @@ namespace quillet {
 
 void placeBesideMainWindow(Forms& forms, QWidget& window) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    window.adjustSize();
+    // A window that has no size of its own takes the size its contents ask for.
+    if (!window.testAttribute(Qt::WA_Resized)) window.adjustSize();
     QPoint place(screen.right() - window.width() - 20, screen.top() + 40);
     if (const QWidget* mainWindow = forms.loaded(FormId::Form1)) {
         const QRect main = mainWindow->frameGeometry();

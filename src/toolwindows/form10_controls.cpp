@@ -77,15 +77,18 @@ void Form10::buildControls() {
     Label19 = label("Label19", QString::fromStdString(sampleRateCaption("44100")), audio);
     audioGrid->addWidget(label("Label18", "libmp3lame", audio), 0, 0);
     audioGrid->addWidget(Label21, 0, 1);
-    audioGrid->addWidget(label("Label3", "Control Audio quality with qscale ", audio), 1, 0, 1, 3);
+    audioGrid->addWidget(label("Label3", "Control Audio quality with qscale ", audio), 1, 0, 1, 4);
     audioGrid->addWidget(label("Label6", "Min q = 1", audio), 2, 0);
-    audioGrid->addWidget(xpSlider2, 2, 1);
-    audioGrid->addWidget(label("Label7", "Max q = 9", audio), 2, 2);
-    audioGrid->addWidget(Label5, 2, 3);
-    audioGrid->addWidget(label("Label10", "Smaller Audio Data Size", audio), 3, 0);
-    audioGrid->addWidget(label("Label9", "Large Audio Data Size", audio), 3, 2);
+    audioGrid->addWidget(xpSlider2, 2, 1, 1, 2);
+    audioGrid->addWidget(label("Label7", "Max q = 9", audio), 2, 3);
+    audioGrid->addWidget(Label5, 2, 4);
+    audioGrid->addWidget(label("Label10", "Smaller Audio Data Size", audio), 3, 0, 1, 2);
+    audioGrid->addWidget(label("Label9", "Large Audio Data Size", audio), 3, 2, 1, 2,
+                         Qt::AlignRight);
     audioGrid->addWidget(Label19, 4, 0, 1, 2);
-    audioGrid->addWidget(List1, 4, 2, 1, 2);
+    audioGrid->addWidget(List1, 4, 2, 1, 3);
+    audioGrid->setColumnStretch(1, 1);
+    audioGrid->setColumnStretch(2, 1);
     layout->addWidget(audio);
 
     auto* run = new QGridLayout;
