@@ -4,7 +4,9 @@
 #include "app/form4.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
+#include "tools/form14.h"
 #include "toolwindows/form10.h"
+#include "toolwindows/form11.h"
 #include "toolwindows/form13.h"
 #include "toolwindows/form9.h"
 
@@ -30,7 +32,9 @@ Forms::Factories programWindows() {
     add<Form8>(factories);
     add<Form9>(factories);
     add<Form10>(factories);
+    add<Form11>(factories);
     add<Form13>(factories);
+    add<Form14>(factories);
     return factories;
 }
 

@@ -33,6 +33,11 @@ public:
     virtual void normalSpeedCellsButLast() = 0;
     // The tool windows write the status strip directly.
     virtual void showStatusText(StatusCell cell, const std::string& text) = 0;
+    // A tool's source: the size boxes back to "0,000", the target caption to its start, and the
+    // size cell "Init Size: <sizeText>Mb".
+    virtual void showToolSourceSize(const std::string& sizeText) = 0;
+    // The running-time box ("0:02:05").
+    virtual void showRunningTime(const std::string& clock) = 0;
     // The highlight colour on a cell, until something puts the normal colour back.
     virtual void markStatusCell(StatusCell cell) = 0;
     // The two sample-rate items the window offers itself, 0 "44100 Hz" and 1 "48000 Hz": which is

@@ -316,6 +316,16 @@ std::string_view trimBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key) {
+    const auto lower = [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    const auto found = std::search(text.begin(), text.end(), key.begin(), key.end(),
+                                   [&](char a, char b) { return lower(a) == lower(b); });
+    if (found == text.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - text.begin());
+}
+
 std::string lowerCaseAscii(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

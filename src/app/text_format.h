@@ -28,6 +28,9 @@ struct FormatLocale {
 // `text` without the blanks at either end (only spaces count, as the windows' texts are trimmed).
 std::string_view trimBlanks(std::string_view text);
 
+// Where `key` first stands in `text`, the letters A-Z matched in either case.
+std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key);
+
 // `text` with the letters A-Z in lower case; every other byte, UTF-8 included, stays as it is.
 std::string lowerCaseAscii(std::string text);
 

@@ -68,6 +68,8 @@ public:
     void normalSpeedCellsButLast() override;
     void showStatusText(StatusCell cell, const std::string& text) override;
     void markStatusCell(StatusCell cell) override;
+    void showToolSourceSize(const std::string& sizeText) override;
+    void showRunningTime(const std::string& clock) override;
     std::optional<int> selectedSampleRateItem() const override;
     void selectSampleRateItem(std::optional<int> item) override;
 

@@ -1,6 +1,7 @@
 // The main window's side of the tool windows: opening them, the sample-rate chooser, and what
 // the tools write into the main window.
 #include <QLabel>
+#include <QLineEdit>
 
 #include "app/forms.h"
 #include "app/platform_names.h"
@@ -60,6 +61,17 @@ void Form1::Timer9_Timer() {
 
 void Form1::showStatusText(StatusCell cell, const std::string& text) {
     c_.status(cell)->setText(QString::fromStdString(text));
+}
+
+void Form1::showToolSourceSize(const std::string& sizeText) {
+    c_.Text6->setText("0,000");
+    c_.Text7->setText("0,000");
+    c_.Label2->setText("Target Size - 60% of Original Video Size");
+    showStatusText(StatusCell::SourceSize, "Init Size: " + sizeText + "Mb");
+}
+
+void Form1::showRunningTime(const std::string& clock) {
+    c_.Text1->setText(QString::fromStdString(clock));
 }
 
 void Form1::markStatusCell(StatusCell cell) {

@@ -10,17 +10,6 @@ namespace quillet {
 
 namespace {
 
-// Where `key` first stands in `text`, letter case ignored.
-std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key) {
-    const auto found =
-        std::search(text.begin(), text.end(), key.begin(), key.end(), [](char a, char b) {
-            return std::tolower(static_cast<unsigned char>(a)) ==
-                   std::tolower(static_cast<unsigned char>(b));
-        });
-    if (found == text.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - text.begin());
-}
-
 // Up to `length` characters from `start`, fewer at the end of the text.
 std::string_view cut(std::string_view text, std::size_t start, std::size_t length) {
     if (start >= text.size()) return {};

@@ -28,10 +28,26 @@ constexpr std::array<JobStep, 6> kFrameRateToolSteps = {{
     {Wait, 2000},
 }};
 
+constexpr std::array<JobStep, 9> kDownScaleToolSteps = {{
+    {SpeedDisplayOn},
+    {RunCommand},
+    {Wait, 2000},
+    {PlayUnlessJobFinished},
+    {MarkFinished},
+    {WindowEnding},
+    {ResetProgressDisplay},
+    {ResetMainWindow},
+    {SpeedDisplayOff},
+}};
+
 }  // namespace
 
 std::span<const JobStep> mp3ToolSteps() {
     return kMp3ToolSteps;
+}
+
+std::span<const JobStep> downScaleToolSteps() {
+    return kDownScaleToolSteps;
 }
 
 std::span<const JobStep> frameRateToolSteps() {

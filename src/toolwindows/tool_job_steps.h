@@ -15,4 +15,9 @@ std::span<const JobStep> mp3ToolSteps();
 // the window goes back to how it loaded, and two seconds pass.
 std::span<const JobStep> frameRateToolSteps();
 
+// The down-scale tool: the main window follows the speed; two seconds after ffmpeg's output ends
+// the output opens unless a job has marked itself finished meanwhile; then the job is finished,
+// the window resets itself and the main window resets (which closes the tool).
+std::span<const JobStep> downScaleToolSteps();
+
 }  // namespace quillet

@@ -56,11 +56,12 @@ protected:
 
     // Opens a tool window from the Tools menu and chooses its source with its own File > Select
     // Video.
-    QWidget& openTool(const char* item, FormId window, const QString& source) {
+    QWidget& openTool(const char* item, FormId window, const QString& source,
+                      const char* selectItem = "mnu_SelectVideo") {
         trigger(item);
         QWidget& tool = *forms.loaded(window);
         dialogs.answerFile(QDir::toNativeSeparators(source).toStdString());
-        tool.findChild<QAction*>("mnu_SelectVideo")->trigger();
+        tool.findChild<QAction*>(selectItem)->trigger();
         return tool;
     }
 

@@ -101,6 +101,40 @@ TEST_F(ToolJob, FrameRateToolWritesTheChosenRateAndAnImpossibleOneEndsAndResets)
     EXPECT_EQ(fingerprint(source), original);
 }
 
+TEST_F(ToolJob, DownScaleToolWrites480pWithSquarePixelsAndMp3Audio) {
+    const QString source = folder.filePath("wide clip é.mp4");
+    runTool("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i",
+                       "testsrc2=size=1280x720:rate=10:duration=2", "-f", "lavfi", "-i",
+                       "sine=duration=2", "-c:v", "mpeg4", "-c:a", "aac", "-shortest", source});
+    ASSERT_TRUE(QFile::exists(source));
+    QWidget& tool = openTool("mnu_DownScaleRes", FormId::Form11, source, "mnu_Select");
+    const QLabel* resolution = tool.findChild<QLabel*>("Label13");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return resolution->text() == "1280 x 720"; }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return state.VideoSeconds == "2"; }, 10000));
+    tool.findChild<QRadioButton*>("Option1(2)")->click();
+    tool.findChild<QCheckBox*>("Check2")->click();
+    tool.findChild<QAction*>("mnu_EncVideo")->trigger();
+    // The main window's reset closes the tool at the end.
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return state.JobFinished && !forms.isLoaded(FormId::Form11); }, 60000));
+    const QString shown = runTool("ffprobe", {"-v", "error", "-show_entries",
+                                              "stream=codec_name,width,height,sample_aspect_ratio",
+                                              "-of", "default=noprint_wrappers=1", output(source)});
+    EXPECT_TRUE(shown.contains("codec_name=hevc")) << shown.toStdString();
+    EXPECT_TRUE(shown.contains("width=854\nheight=480"));
+    EXPECT_TRUE(shown.contains("sample_aspect_ratio=1:1"));
+    EXPECT_TRUE(shown.contains("codec_name=mp3"));
+}
+
+TEST_F(ToolJob, DownScalingWithNoSourceEndsResetsAndWritesNothing) {
+    const QStringList before = QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
+    trigger("mnu_DownScaleRes");
+    forms.loaded(FormId::Form11)->findChild<QAction*>("mnu_EncVideo")->trigger();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return state.JobFinished && !forms.isLoaded(FormId::Form11); }, 20000));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+}
+
 TEST_F(ToolJob, ARateChosenInTheChooserReachesTheNextCompression) {
     const QString source = folder.filePath("chooser.mp4");
     ASSERT_TRUE(makeClip(source, 2));

@@ -31,6 +31,8 @@ public:
     void ResetApp() override { note_("reset"); }
     void showStatusText(StatusCell, const std::string&) override {}
     void markStatusCell(StatusCell) override {}
+    void showToolSourceSize(const std::string&) override {}
+    void showRunningTime(const std::string&) override {}
     std::optional<int> selectedSampleRateItem() const override { return std::nullopt; }
     void selectSampleRateItem(std::optional<int>) override {}
     void setProgressMaximum(double) override {}

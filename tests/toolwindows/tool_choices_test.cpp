@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "toolwindows/down_scale_choices.h"
 #include "toolwindows/frame_rate_choices.h"
 #include "toolwindows/mp3_tool_choices.h"
 #include "toolwindows/sample_rate_choices.h"
@@ -37,6 +38,30 @@ TEST(ToolCommandLines, AnAudioRateLeftWithItsUnitByAResetGetsTheUnitOnce) {
     const FrameRateJob fps{"/v/a.mp4", 30, "veryfast", "192k", "44100", "/v/Compressed-a.mp4"};
     EXPECT_NE(frameRateCommandLine("/q", fps, kPosixNames).find(" -b:a 192k -ar "),
               std::string::npos);
+}
+
+TEST(ToolCommandLines, DownScaleWorkedExampleAndItsRateFactorAsymmetry) {
+    DownScaleJob job{R"(D:\v\a b.mp4)", "854:480", true, true, 25, 5, R"(D:\v\Compressed-a b.mp4)"};
+    EXPECT_EQ(downScaleCommandLine(kFolder, job, kWindowsNames),
+              R"(C:\Tools\ffmpeg -i "D:\v\a b.mp4" -c:v libx265 -crf 25 -vf )"
+              R"(scale=854:480,setsar=1:1 -codec:a libmp3lame -qscale:a 5 -y )"
+              R"("D:\v\Compressed-a b.mp4")");
+    job.mp3Audio = false;  // "Set CRF" alone: always 40
+    EXPECT_EQ(downScaleCommandLine(kFolder, job, kWindowsNames),
+              R"(C:\Tools\ffmpeg -i "D:\v\a b.mp4" -c:v libx265 -crf 40 -vf )"
+              R"(scale=854:480,setsar=1:1 -y "D:\v\Compressed-a b.mp4")");
+    job.setCrf = false;
+    EXPECT_EQ(downScaleCommandLine(kFolder, job, kWindowsNames),
+              R"(C:\Tools\ffmpeg -i "D:\v\a b.mp4" -c:v libx265 -vf )"
+              R"(scale=854:480,setsar=1:1 -y "D:\v\Compressed-a b.mp4")");
+    job.mp3Audio = true;
+    EXPECT_EQ(downScaleCommandLine(kFolder, job, kWindowsNames),
+              R"(C:\Tools\ffmpeg -i "D:\v\a b.mp4" -c:v libx265 -vf )"
+              R"(scale=854:480,setsar=1:1 -codec:a libmp3lame -qscale:a 5 -y )"
+              R"("D:\v\Compressed-a b.mp4")");
+    // No source chosen: ffmpeg gets an empty quoted name, and refuses it.
+    EXPECT_EQ(downScaleCommandLine("/q", DownScaleJob{}, kPosixNames),
+              "/q/ffmpeg -i \"\" -c:v libx265 -vf scale=426:240,setsar=1:1 -y \"\"");
 }
 
 TEST(Mp3ToolChoices, EveryListItemGivesAFiveDigitRate) {
