@@ -126,6 +126,16 @@ TEST_F(ToolJob, DownScaleToolWrites480pWithSquarePixelsAndMp3Audio) {
     EXPECT_TRUE(shown.contains("codec_name=mp3"));
 }
 
+TEST_F(ToolJob, AnAudioOnlySourceKeepsTheResolutionPlaceholder) {
+    const QString source = folder.filePath("tone.m4a");
+    runTool("ffmpeg", {"-v", "error", "-y", "-f", "lavfi", "-i", "sine=duration=2", source});
+    ASSERT_TRUE(QFile::exists(source));
+    QWidget& tool = openTool("mnu_DownScaleRes", FormId::Form11, source, "mnu_Select");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return state.VideoSeconds == "2"; }, 10000));
+    QTest::qWait(500);  // ffprobe's answer about the picture has come by now
+    EXPECT_EQ(tool.findChild<QLabel*>("Label13")->text(), "0000 x 000");
+}
+
 TEST_F(ToolJob, DownScalingWithNoSourceEndsResetsAndWritesNothing) {
     const QStringList before = QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
     trigger("mnu_DownScaleRes");
