@@ -110,6 +110,8 @@ TEST_F(ToolJob, DownScaleToolWrites480pWithSquarePixelsAndMp3Audio) {
     QWidget& tool = openTool("mnu_DownScaleRes", FormId::Form11, source, "mnu_Select");
     const QLabel* resolution = tool.findChild<QLabel*>("Label13");
     EXPECT_TRUE(QTest::qWaitFor([&] { return resolution->text() == "1280 x 720"; }, 10000));
+    // The probe's window goes a second after its answer.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !forms.isLoaded(FormId::Form14); }, 3000));
     EXPECT_TRUE(QTest::qWaitFor([&] { return state.VideoSeconds == "2"; }, 10000));
     tool.findChild<QRadioButton*>("Option1(2)")->click();
     tool.findChild<QCheckBox*>("Check2")->click();
