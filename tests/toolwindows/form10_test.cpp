@@ -4,30 +4,17 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "form1_test_window.h"
 #include "main/xp_slider.h"
+#include "tool_window_test.h"
 #include "toolwindows/form10.h"
 
 namespace quillet {
 namespace {
 
 // The MP3 audio tool, opened from the main window's Tools menu.
-class Mp3Tool : public Form1Window {
+class Mp3Tool : public ToolWindowTest<Form10> {
 protected:
-    void SetUp() override {
-        dialogs.answerBox(MessageBoxButton::Cancel);  // the tool check finds no ffmpeg here
-        form.findChild<QAction*>("mnu_mp3Audio")->trigger();
-        ASSERT_TRUE(forms.isLoaded(FormId::Form10));
-    }
-    Form10& tool() { return forms.get<Form10>(); }
-    template <class T>
-    T* control(const char* name) {
-        return tool().findChild<T*>(name);
-    }
-    void trigger(const char* item) { control<QAction>(item)->trigger(); }
-    bool commandHas(const std::string& piece) {
-        return tool().commandLine().find(piece) != std::string::npos;
-    }
+    Mp3Tool() : ToolWindowTest("mnu_mp3Audio") {}
     void select(const std::string& path) {
         dialogs.answerFile(path);
         trigger("mnu_SelectVideo");

@@ -6,29 +6,17 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "form1_test_window.h"
+#include "tool_window_test.h"
 #include "toolwindows/form11.h"
 
 namespace quillet {
 namespace {
 
 // The down-scale tool, opened from the main window's Tools menu.
-class DownScaleTool : public Form1Window {
+class DownScaleTool : public ToolWindowTest<Form11> {
 protected:
-    void SetUp() override {
-        dialogs.answerBox(MessageBoxButton::Cancel);  // the tool check finds no ffmpeg here
-        form.findChild<QAction*>("mnu_DownScaleRes")->trigger();
-        ASSERT_TRUE(forms.isLoaded(FormId::Form11));
-    }
-    Form11& tool() { return forms.get<Form11>(); }
-    template <class T>
-    T* control(const char* name) {
-        return tool().findChild<T*>(name);
-    }
+    DownScaleTool() : ToolWindowTest("mnu_DownScaleRes") {}
     std::string label(const char* name) { return control<QLabel>(name)->text().toStdString(); }
-    bool commandHas(const std::string& piece) {
-        return tool().commandLine().find(piece) != std::string::npos;
-    }
     bool anySelected(const char* group, int count) {
         for (int index = 0; index < count; ++index) {
             if (control<QRadioButton>(QString("%1(%2)").arg(group).arg(index).toUtf8())

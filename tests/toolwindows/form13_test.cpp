@@ -3,28 +3,16 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "form1_test_window.h"
+#include "tool_window_test.h"
 #include "toolwindows/form13.h"
 
 namespace quillet {
 namespace {
 
 // The frame-rate tool, opened from the main window's Tools menu.
-class FrameRateTool : public Form1Window {
+class FrameRateTool : public ToolWindowTest<Form13> {
 protected:
-    void SetUp() override {
-        dialogs.answerBox(MessageBoxButton::Cancel);  // the tool check finds no ffmpeg here
-        form.findChild<QAction*>("mnu_AlterFPS")->trigger();
-        ASSERT_TRUE(forms.isLoaded(FormId::Form13));
-    }
-    Form13& tool() { return forms.get<Form13>(); }
-    template <class T>
-    T* control(const char* name) {
-        return tool().findChild<T*>(name);
-    }
-    bool commandHas(const std::string& piece) {
-        return tool().commandLine().find(piece) != std::string::npos;
-    }
+    FrameRateTool() : ToolWindowTest("mnu_AlterFPS") {}
     void encode() { control<QAction>("mnu_EncodeVideo")->trigger(); }
 };
 
