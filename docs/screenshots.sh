@@ -31,7 +31,7 @@ click 75 8 && click 110 32
 sleep 6
 DISPLAY=$display import -window root -crop 1000x835+0+0 +repage "$top/docs/quillet-job.png"
 
-# The tools, each from its menu item (Tools > MP3 audio, down-scale, frame rate), and the sample-rate
+# The tools, each from its menu item (Tools > MP3 audio, down-scale, frame rate, metadata), and the sample-rate
 # chooser from the main window's "48000 Hz"; each picture is of the window alone.
 shoot() {
     local id
@@ -44,6 +44,8 @@ click 133 8 && click 200 51
 shoot "^Reduce Resolution$" quillet-down-scale-tool.png
 click 133 8 && click 200 73
 shoot "^Alter Video Frame Rate" quillet-frame-rate-tool.png
+click 133 8 && click 200 95
+shoot "^Video META Data$" quillet-metadata-editor.png
 click 497 581
 shoot "^Audio Sample Rate$" quillet-sample-rate-chooser.png
 echo "saved the pictures in docs/"

@@ -4,6 +4,7 @@
 #include "app/form4.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
+#include "metadata/form2.h"
 #include "tools/form14.h"
 #include "toolwindows/form10.h"
 #include "toolwindows/form11.h"
@@ -24,6 +25,7 @@ void add(Forms::Factories& factories) {
 Forms::Factories programWindows() {
     Forms::Factories factories;
     add<Form1>(factories);
+    add<Form2>(factories);
     add<Form3>(factories);
     add<Form4>(factories);
     add<Form5>(factories);

@@ -60,10 +60,19 @@ void JobMachine::advance() {
                     objDOS_->ReceiveOutputs = [this](const std::string& piece) {
                         objDOS_ReceiveOutputs(piece);
                     };
-                    objDOS_->OutputEnded = [this] { advance(); };
+                    objDOS_->OutputEnded = [this] {
+                        scratch_.reset();
+                        advance();
+                    };
+                }
+                if (job_.worksInScratchFolder) {
+                    scratch_ = std::make_unique<QTemporaryDir>();
+                    objDOS_->setWorkingFolder(scratch_->isValid() ? scratch_->path().toStdString()
+                                                                  : std::string());
                 }
                 // A command that cannot start has no output to wait for: the job goes on at once.
                 if (objDOS_->start(job_.commandLine())) return;
+                scratch_.reset();
                 break;
             default:
                 perform(step);
@@ -135,6 +144,7 @@ void JobMachine::perform(const JobStep& step) {
 }
 
 void JobMachine::objDOS_ReceiveOutputs(const std::string& CommandOutputs) {
+    if (!job_.readsOutput) return;
     if (job_.readsCpuWithEachPiece) perform({JobAction::TakeCpuReading});
     ProgramState& state = forms_.state();
     const std::string videoSeconds = job_.videoSeconds ? job_.videoSeconds() : state.VideoSeconds;

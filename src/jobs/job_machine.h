@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <functional>
 #include <span>
@@ -33,6 +34,11 @@ struct JobDescription {
     // The output that the play steps open; the job settings' OutputVideo when null.
     std::function<std::string()> output;
     std::function<void()> ending;  // the WindowEnding step
+    bool readsOutput = true;       // false: ffmpeg's output is not looked at, its progress unknown
+    // ffmpeg works in an empty folder of its own, removed after the run, so that a name the
+    // command leaves relative (a quote typed into a value can cut a path short) writes nothing
+    // anywhere else.
+    bool worksInScratchFolder = false;
 };
 
 // Runs one window's job as an object rather than a call stack: it takes the window's steps one
@@ -72,6 +78,7 @@ private:
     bool busy_ = false;
     QTimer wait_;
     RunningCommands::RunnerHandle objDOS_;
+    std::unique_ptr<QTemporaryDir> scratch_;  // the folder ffmpeg works in, during a run
 };
 
 }  // namespace quillet

@@ -27,7 +27,9 @@ JobWindow::JobWindow(Forms& forms, FormId id)
                 job_.readsCpuWithEachPiece,
                 {},
                 {},
-                {}}) {
+                {},
+                true,
+                false}) {
     setWindowTitle(job_.title);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sourceLabel_);

@@ -98,6 +98,8 @@ private:
     void mnu_StartCompress_Click();
     // Opens a tool window, after the tool check, with no method chosen meanwhile.
     void openTool(FormId tool);
+    // Opens the metadata editor; it needs no tool check and leaves the method chosen.
+    void openMetadataEditor();
     void mnu_Help_Click();
     void mnu_AboutThisApp_Click();
 

@@ -28,6 +28,7 @@ void Form1::buildMenus() {
         {"mnu_mp3Audio", [this] { openTool(FormId::Form10); }},
         {"mnu_DownScaleRes", [this] { openTool(FormId::Form11); }},
         {"mnu_AlterFPS", [this] { openTool(FormId::Form13); }},
+        {"mnu_METAdata", [this] { openMetadataEditor(); }},
         {"mnu_Help", [this] { mnu_Help_Click(); }},
         {"mnu_AboutThisApp", [this] { mnu_AboutThisApp_Click(); }},
     };

@@ -43,6 +43,10 @@ void Form1::openTool(FormId tool) {
     clearMethodSelection();
 }
 
+void Form1::openMetadataEditor() {
+    showBesideMainWindow(forms_, FormId::Form2);
+}
+
 void Form1::Option1_Click(int index) {
     // The chooser offers every rate; it comes up beside the two offered here.
     const QWidget* chooser = forms_.loaded(FormId::Form9);

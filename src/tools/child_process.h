@@ -11,8 +11,10 @@ namespace quillet {
 // system-specific part lives in one source file per system.
 class ChildProcess {
 public:
-    // Empty when the program cannot be started.
-    static std::shared_ptr<ChildProcess> start(const std::string& commandLine);
+    // Empty when the program cannot be started. `workingFolder`: the folder the child works in
+    // (where a relative name in its command lands); this program's own when empty.
+    static std::shared_ptr<ChildProcess> start(const std::string& commandLine,
+                                               const std::string& workingFolder = {});
 
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;

@@ -28,6 +28,8 @@ public:
     // command could be started.
     bool start(const std::string& commandLine);
     bool running() const { return dos_.Executing(); }
+    // See DOSOutputs::setWorkingFolder.
+    void setWorkingFolder(std::string folder) { dos_.setWorkingFolder(std::move(folder)); }
 
     // Asks the child to stop ("q" on its input, and the termination signal where there is one),
     // and ends it firmly once `gracePeriod` has passed if its output has not ended by then.

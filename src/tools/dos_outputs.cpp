@@ -97,7 +97,7 @@ bool DOSOutputs::StartCommand(const std::string& commandLine,
     if (!commandLine.empty()) commandLine_ = commandLine;
     if (commandLine_.empty()) return false;
 
-    const std::shared_ptr<ChildProcess> child = ChildProcess::start(commandLine_);
+    const std::shared_ptr<ChildProcess> child = ChildProcess::start(commandLine_, workingFolder_);
     if (!child) return false;
     auto run = std::make_shared<RunPieces>(std::move(wakeup));
     if (!startReader(child, run)) {

@@ -48,6 +48,10 @@ public:
     // time output is waiting; the owner then calls DeliverOutputs on its own thread.
     bool StartCommand(const std::string& commandLine, std::shared_ptr<OutputWakeup> wakeup);
 
+    // The folder the next runs work in, where a relative name in a command lands; this
+    // program's own when empty (as it starts).
+    void setWorkingFolder(std::string folder) { workingFolder_ = std::move(folder); }
+
     // Raises ReceiveOutputs with every piece read so far, in order, on the calling thread, and
     // returns true once the last, empty piece has been raised: the run is over. Called again from
     // inside a handler, it leaves the pieces to the call under way and returns false.
@@ -74,6 +78,7 @@ private:
     void endRun();
 
     std::string commandLine_;
+    std::string workingFolder_;
     std::string outputs_;
     bool executing_ = false;
     bool delivering_ = false;

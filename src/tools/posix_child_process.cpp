@@ -81,6 +81,7 @@ struct Launch {
     int output;
     int error;  // write end of the pipe that carries errno back when the program cannot be run
     pid_t parent;
+    const char* folder;  // where the child works; null for this program's own folder
 };
 
 // Runs in the child and never returns.
@@ -116,8 +117,12 @@ struct Launch {
 #endif
         // This program may have died before the line above took effect.
         if (::getppid() != launch.parent) ::_exit(127);
-        ::execv(launch.file, launch.argv);
-        failure = errno;
+        if (launch.folder && ::chdir(launch.folder) != 0) {
+            failure = errno;
+        } else {
+            ::execv(launch.file, launch.argv);
+            failure = errno;
+        }
     }
     while (::write(launch.error, &failure, sizeof failure) < 0 && errno == EINTR) {
     }
@@ -127,7 +132,7 @@ struct Launch {
 // Starts the program with `input` as its standard input and `output` as both standard output and
 // standard error. Returns -1 when it cannot start, the program included: the child reports a
 // failed exec through a close-on-exec pipe, which simply closes when the exec succeeds.
-pid_t spawn(const ProgramCall& call, int input, int output) {
+pid_t spawn(const ProgramCall& call, int input, int output, const std::string& folder) {
     std::vector<char*> argv;
     for (const std::string& argument : call.arguments) {
         argv.push_back(const_cast<char*>(argument.c_str()));
@@ -137,8 +142,13 @@ pid_t spawn(const ProgramCall& call, int input, int output) {
     Descriptor errorRead;
     Descriptor errorWrite;
     if (!makePipe(errorRead, errorWrite)) return -1;
-    const Launch launch{call.file.c_str(), argv.data(), input, output,
-                        errorWrite.get(),  ::getpid()};
+    const Launch launch{call.file.c_str(),
+                        argv.data(),
+                        input,
+                        output,
+                        errorWrite.get(),
+                        ::getpid(),
+                        folder.empty() ? nullptr : folder.c_str()};
 
     // No handler of ours may run in the child before it has reset them all.
     sigset_t allSignals;
@@ -189,7 +199,8 @@ struct ChildProcess::Native {
     bool released = false;  // the process id may name another process now
 };
 
-std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine) {
+std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine,
+                                                  const std::string& workingFolder) {
     const char* searchPath = std::getenv("PATH");
     const auto call =
         resolveProgram(commandLine, searchPath ? searchPath : "/usr/bin:/bin", isExecutableFile);
@@ -204,7 +215,7 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     // A stop request must never hang on a child that does not read its input.
     ::fcntl(native->input.get(), F_SETFL, O_NONBLOCK);
 
-    native->pid = spawn(*call, childInput.get(), childOutput.get());
+    native->pid = spawn(*call, childInput.get(), childOutput.get(), workingFolder);
     // Our copies of the child's ends go at once, so that the output ends when the child's does.
     childOutput.reset();
     childInput.reset();

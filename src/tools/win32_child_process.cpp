@@ -83,7 +83,7 @@ HANDLE childrenJob() {
 
 // Starts the command hidden, with exactly `input` and `output` inherited: a child that another
 // runner starts at the same moment receives neither, so each output ends when its own child does.
-bool createHidden(std::wstring commandLine, HANDLE input, HANDLE output,
+bool createHidden(std::wstring commandLine, const std::wstring& folder, HANDLE input, HANDLE output,
                   PROCESS_INFORMATION& process) {
     SIZE_T size = 0;
     ::InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
@@ -107,7 +107,8 @@ bool createHidden(std::wstring commandLine, HANDLE input, HANDLE output,
         const DWORD flags = NORMAL_PRIORITY_CLASS | CREATE_NO_WINDOW | CREATE_SUSPENDED |
                             EXTENDED_STARTUPINFO_PRESENT;
         created = ::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, flags,
-                                   nullptr, nullptr, &startup.StartupInfo, &process) != 0;
+                                   nullptr, folder.empty() ? nullptr : folder.c_str(),
+                                   &startup.StartupInfo, &process) != 0;
     }
     ::DeleteProcThreadAttributeList(attributes);
     return created;
@@ -123,7 +124,8 @@ struct ChildProcess::Native {
     bool ended = false;
 };
 
-std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine) {
+std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine,
+                                                  const std::string& workingFolder) {
     auto native = std::make_unique<Native>();
     Handle childOutput;
     Handle childInput;
@@ -136,8 +138,8 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     ::SetNamedPipeHandleState(native->input.get(), &noWait, nullptr, nullptr);
 
     PROCESS_INFORMATION process{};
-    const bool created =
-        createHidden(widen(commandLine), childInput.get(), childOutput.get(), process);
+    const bool created = createHidden(widen(commandLine), widen(workingFolder), childInput.get(),
+                                      childOutput.get(), process);
     // Our copies of the child's ends go at once, so that the output ends when the child's does.
     childOutput.reset();
     childInput.reset();

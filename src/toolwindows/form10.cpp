@@ -36,7 +36,9 @@ Form10::Form10(Forms& forms)
                 false,
                 [this] { return Label12->text().toStdString(); },
                 {},
-                [this] { finishRun(); }}) {
+                [this] { finishRun(); },
+                true,
+                false}) {
     setObjectName("Form10");
     setWindowTitle("Encode Video Audio ");
     buildControls();

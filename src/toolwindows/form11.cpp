@@ -41,7 +41,9 @@ Form11::Form11(Forms& forms)
                 false,
                 {},
                 [this] { return output_; },
-                [this] { finishRun(); }}) {
+                [this] { finishRun(); },
+                true,
+                false}) {
     setObjectName("Form11");
     setWindowTitle("Reduce Resolution");
     buildControls();

@@ -26,11 +26,11 @@ Form13::Form13(Forms& forms)
     : QMainWindow(nullptr),
       MainWindowProgress(forms),
       forms_(forms),
-      machine_(
-          forms, *this,
-          {FormId::Form13, frameRateToolSteps(), [this] { return commandLine(); }, true,
-           kCaptionComplete, [this]() -> ProgressDisplay* { return this; }, true,
-           [this] { return videoSeconds_; }, [this] { return output_; }, [this] { finishRun(); }}) {
+      machine_(forms, *this,
+               {FormId::Form13, frameRateToolSteps(), [this] { return commandLine(); }, true,
+                kCaptionComplete, [this]() -> ProgressDisplay* { return this; }, true,
+                [this] { return videoSeconds_; }, [this] { return output_; },
+                [this] { finishRun(); }, true, false}) {
     setObjectName("Form13");
     setWindowTitle("Alter Video Frame Rate (fps)");
     buildControls();

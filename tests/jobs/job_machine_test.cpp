@@ -80,7 +80,9 @@ protected:
                         false,
                         {},
                         {},
-                        {}}) {}
+                        {},
+                        true,
+                        false}) {}
         void Form_Load() override { machine_.start(); }
         void Form_Unload() override {
             note_("unloaded");

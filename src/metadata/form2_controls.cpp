@@ -1,0 +1,79 @@
+// The metadata editor's fields, labels and menus.
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+#include "metadata/form2.h"
+#include "toolwindows/tool_menus.h"
+
+namespace quillet {
+
+namespace {
+
+// The fields stand in two columns of captions and boxes, the comment box across both.
+constexpr int kColumns = 2;
+
+}  // namespace
+
+void Form2::buildControls() {
+    auto* surface = new QWidget(this);
+    setCentralWidget(surface);
+    auto* layout = new QVBoxLayout(surface);
+    Label5 = new QLabel("No Video Selected", surface);
+    Label5->setObjectName("Label5");
+    Label2 = new QLabel(surface);
+    Label2->setObjectName("Label2");
+    Label2->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(Label5);
+    layout->addWidget(Label2);
+
+    auto* grid = new QGridLayout;
+    int row = 0;
+    int column = 0;
+    for (std::size_t index = 0; index < kMetadataKeyCount; ++index) {
+        auto* caption = new QLabel(kMetadataCaptions[index], surface);
+        caption->setObjectName(QString("Label3(%1)").arg(index));
+        const bool comment = index == kCommentField;
+        QWidget* field =
+            comment ? static_cast<QWidget*>(new QPlainTextEdit(surface)) : new QLineEdit(surface);
+        field->setMinimumWidth(200);
+        field->setObjectName(QString("Text1(%1)").arg(index));
+        if (comment) {
+            field->setFixedHeight(field->fontMetrics().height() * 4);
+            if (column != 0) ++row;
+            grid->addWidget(caption, row, 0, Qt::AlignTop);
+            grid->addWidget(field, row, 1, 1, 2 * kColumns - 1);
+            ++row;
+            column = 0;
+        } else {
+            grid->addWidget(caption, row, 2 * column);
+            grid->addWidget(field, row, 2 * column + 1);
+            if (++column == kColumns) {
+                column = 0;
+                ++row;
+            }
+        }
+        Text1[index] = field;
+    }
+    layout->addLayout(grid);
+    setField(kEncodingToolField, "Quillet 2.0");
+}
+
+void Form2::buildMenus() {
+    addToolMenu(*this, "mnu_SelectVideo", "File",
+                {{"mnu_SelVid", "Select Video", [this] { mnu_SelVid_Click(); }},
+                 {"mnu_ResetAll", "Reset All", [this] { mnu_ResetAll_Click(); }}});
+    addToolMenu(
+        *this, "mnu_SaveData", "Save",
+        {{"mnu_WriteMetaData", "Write Meta Data Into Video", [this] { mnu_WriteMetaData_Click(); }},
+         {"mnu_SaveDefault", "Save As Default Entries", [this] { mnu_SaveDefault_Click(); }},
+         {"mnu_WriteDefaults", "Write Default Entries into Fields",
+          [this] { mnu_WriteDefaults_Click(); }}});
+    addToolMenu(
+        *this, "mnu_DateToday", "Date As Today",
+        {{"mnu_EnterDate", "Enter Todays Time and Date", [this] { mnu_EnterDate_Click(); }}});
+}
+
+}  // namespace quillet
