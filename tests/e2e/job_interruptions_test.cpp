@@ -130,6 +130,18 @@ TEST_F(JobInterruption, ExitDuringAToolRunEndsFfmpegAndQuits) {
     expectAllGone(FormId::Form10);
 }
 
+TEST_F(JobInterruption, ClosingAToolWindowMidRunEndsItsFfmpeg) {
+    const QString source = folder.filePath("long clip.mp4");
+    ASSERT_TRUE(makeClip(source, 60));
+    QWidget& tool = openTool("mnu_DownScaleRes", FormId::Form11, source, "mnu_Select");
+    tool.findChild<QAction*>("mnu_EncVideo")->trigger();
+    ASSERT_TRUE(waitForFfmpeg());
+    tool.close();
+    EXPECT_FALSE(forms.isLoaded(FormId::Form11));
+    EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    EXPECT_TRUE(forms.isLoaded(FormId::Form1));  // the program goes on
+}
+
 TEST_F(JobInterruption, ResetAppDuringAToolRunEndsFfmpegAndUnloadsTheTool) {
     const QString source = folder.filePath("long clip.mp4");
     ASSERT_TRUE(makeClip(source, 60));
