@@ -1,5 +1,6 @@
 #include "jobs/job_machine.h"
 
+#include <QDir>
 #include <QWidget>
 
 #include "app/form3.h"
@@ -67,8 +68,10 @@ void JobMachine::advance() {
                 }
                 if (job_.worksInScratchFolder) {
                     scratch_ = std::make_unique<QTemporaryDir>();
-                    objDOS_->setWorkingFolder(scratch_->isValid() ? scratch_->path().toStdString()
-                                                                  : std::string());
+                    objDOS_->setWorkingFolder(
+                        scratch_->isValid()
+                            ? QDir::toNativeSeparators(scratch_->path()).toStdString()
+                            : std::string());
                 }
                 // A command that cannot start has no output to wait for: the job goes on at once.
                 if (objDOS_->start(job_.commandLine())) return;
