@@ -310,10 +310,14 @@ std::string formatLongDate(const CalendarDate& date, const FormatLocale& locale)
            std::to_string(date.day) + " " + year;
 }
 
-std::string_view trimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
+std::string_view trimAny(std::string_view text, std::string_view characters) {
+    const auto first = text.find_first_not_of(characters);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(characters) - first + 1);
+}
+
+std::string_view trimBlanks(std::string_view text) {
+    return trimAny(text, " ");
 }
 
 std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key) {

@@ -27,6 +27,8 @@ struct FormatLocale {
 
 // `text` without the blanks at either end (only spaces count, as the windows' texts are trimmed).
 std::string_view trimBlanks(std::string_view text);
+// `text` without any of `characters` at either end.
+std::string_view trimAny(std::string_view text, std::string_view characters);
 
 // Where `key` first stands in `text`, the letters A-Z matched in either case.
 std::optional<std::size_t> findIgnoringCase(std::string_view text, std::string_view key);

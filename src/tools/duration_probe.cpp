@@ -7,6 +7,7 @@
 #include <system_error>
 #include <thread>
 
+#include "app/text_format.h"
 #include "tools/command_words.h"
 #include "tools/dos_outputs.h"
 
@@ -14,15 +15,9 @@ namespace quillet {
 
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 // A whole line holding one finite, non-negative number in ffprobe's notation (never localised).
 std::optional<double> numberLine(std::string_view line) {
-    line = trimmed(line);
+    line = trimAny(line, " \t");
     double value = 0;
     const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), value);
     if (line.empty() || error != std::errc() || end != line.data() + line.size()) return {};

@@ -12,9 +12,7 @@ namespace {
 
 // Blanks, and the line ends of either system, at both ends.
 std::string_view trimLine(std::string_view text) {
-    const auto first = text.find_first_not_of(" \r\n");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \r\n") - first + 1);
+    return trimAny(text, " \r\n");
 }
 
 // A number's text: trimmed, with one trailing character dropped if it is not a digit.

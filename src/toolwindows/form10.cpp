@@ -197,8 +197,7 @@ void Form10::CompressVideo() {
 }
 
 void Form10::mnu_ViewffmpegString_Click() {
-    commandText_ = commandLine();
-    const auto text = viewedCommandText(commandText_);
+    const auto text = viewedCommandText(commandLine());
     if (!text) return;
     const MessageBoxButton answer = forms_.dialogs().messageBox(
         *text, "View Commands", MessageBoxFlags::Exclamation + MessageBoxFlags::YesNo);

@@ -70,7 +70,6 @@ private:
     Forms& forms_;
     std::string sampleRate_ = "44100";
     std::string source_;
-    std::string commandText_;
 
     QLabel* Label1;   // the source's name
     QLabel* Label4;   // the bar's end, in seconds

@@ -11,49 +11,39 @@
 #include "main/xp_slider.h"
 #include "toolwindows/form10.h"
 #include "toolwindows/mp3_tool_choices.h"
+#include "toolwindows/tool_controls.h"
 
 namespace quillet {
-
-namespace {
-
-QLabel* label(const char* name, const QString& text, QWidget* parent) {
-    auto* made = new QLabel(text, parent);
-    made->setObjectName(name);
-    return made;
-}
-
-}  // namespace
 
 void Form10::buildControls() {
     auto* surface = new QWidget(this);
     setCentralWidget(surface);
     auto* layout = new QVBoxLayout(surface);
 
-    layout->addWidget(label("Label2",
-                            "This utility Re-Encodes the Audio Data within an MP4 Video,  into MP3 "
-                            "Audio Data. ",
-                            surface));
     layout->addWidget(
-        label("Label20", "This greatly reduces the percentage of Video Size taken-up by the audio.",
-              surface));
-    Label1 = label("Label1", "Video Name", surface);
+        namedLabel("Label2",
+                   "This utility Re-Encodes the Audio Data within an MP4 Video,  into MP3 "
+                   "Audio Data. ",
+                   surface));
+    layout->addWidget(namedLabel(
+        "Label20", "This greatly reduces the percentage of Video Size taken-up by the audio.",
+        surface));
+    Label1 = namedLabel("Label1", "Video Name", surface);
     Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(Label1);
 
     auto* video = new QGroupBox(surface);
     auto* videoGrid = new QGridLayout(video);
-    Label15 = label("Label15", "Constant Rate Factor (CRF)", video);
+    Label15 = namedLabel("Label15", "Constant Rate Factor (CRF)", video);
     xpSlider1 = new XpSlider(1, 50, 20, video);
     xpSlider1->setObjectName("xpSlider1");
     xpSlider1->setTickInterval(2);
     xpSlider1->setTickPosition(QSlider::TicksBelow);
-    Label16 = label("Label16", "20", video);
-    Label14 = label("Label14", QString::fromStdString(presetCaption("VeryFast")), video);
-    QStringList presets;
-    for (const char* caption : kMp3PresetCaptions) presets << caption;
-    Option1 = new OptionArray("Option1", presets, video);
+    Label16 = namedLabel("Label16", "20", video);
+    Label14 = namedLabel("Label14", QString::fromStdString(presetCaption("VeryFast")), video);
+    Option1 = new OptionArray("Option1", captionList(kMp3PresetCaptions), video);
     Option1->select(kMp3DefaultPreset);
-    videoGrid->addWidget(label("Label17", "libx265", video), 0, 0);
+    videoGrid->addWidget(namedLabel("Label17", "libx265", video), 0, 0);
     videoGrid->addWidget(Label15, 0, 1, 1, 3);
     videoGrid->addWidget(xpSlider1, 1, 0, 1, 3);
     videoGrid->addWidget(Label16, 1, 3);
@@ -65,25 +55,26 @@ void Form10::buildControls() {
 
     auto* audio = new QGroupBox(surface);
     auto* audioGrid = new QGridLayout(audio);
-    Label21 = label("Label21", "Audio Quality", audio);
+    Label21 = namedLabel("Label21", "Audio Quality", audio);
     xpSlider2 = new XpSlider(1, 9, 5, audio);
     xpSlider2->setObjectName("xpSlider2");
-    Label5 = label("Label5", "5", audio);
+    Label5 = namedLabel("Label5", "5", audio);
     List1 = new QListWidget(audio);
     List1->setObjectName("List1");
     for (const char* item : kMp3SampleRateItems) List1->addItem(item);
     List1->setCurrentRow(kMp3DefaultSampleRateItem);
     List1->setMaximumHeight(List1->sizeHintForRow(0) * 5 + 2 * List1->frameWidth());
-    Label19 = label("Label19", QString::fromStdString(sampleRateCaption("44100")), audio);
-    audioGrid->addWidget(label("Label18", "libmp3lame", audio), 0, 0);
+    Label19 = namedLabel("Label19", QString::fromStdString(sampleRateCaption("44100")), audio);
+    audioGrid->addWidget(namedLabel("Label18", "libmp3lame", audio), 0, 0);
     audioGrid->addWidget(Label21, 0, 1);
-    audioGrid->addWidget(label("Label3", "Control Audio quality with qscale ", audio), 1, 0, 1, 4);
-    audioGrid->addWidget(label("Label6", "Min q = 1", audio), 2, 0);
+    audioGrid->addWidget(namedLabel("Label3", "Control Audio quality with qscale ", audio), 1, 0, 1,
+                         4);
+    audioGrid->addWidget(namedLabel("Label6", "Min q = 1", audio), 2, 0);
     audioGrid->addWidget(xpSlider2, 2, 1, 1, 2);
-    audioGrid->addWidget(label("Label7", "Max q = 9", audio), 2, 3);
+    audioGrid->addWidget(namedLabel("Label7", "Max q = 9", audio), 2, 3);
     audioGrid->addWidget(Label5, 2, 4);
-    audioGrid->addWidget(label("Label10", "Smaller Audio Data Size", audio), 3, 0, 1, 2);
-    audioGrid->addWidget(label("Label9", "Large Audio Data Size", audio), 3, 2, 1, 2,
+    audioGrid->addWidget(namedLabel("Label10", "Smaller Audio Data Size", audio), 3, 0, 1, 2);
+    audioGrid->addWidget(namedLabel("Label9", "Large Audio Data Size", audio), 3, 2, 1, 2,
                          Qt::AlignRight);
     audioGrid->addWidget(Label19, 4, 0, 1, 2);
     audioGrid->addWidget(List1, 4, 2, 1, 3);
@@ -92,22 +83,22 @@ void Form10::buildControls() {
     layout->addWidget(audio);
 
     auto* run = new QGridLayout;
-    Label11 = label("Label11", "", surface);
-    Label12 = label("Label12", "", surface);
-    Label4 = label("Label4", "", surface);
-    Label13 = label("Label13", "", surface);
-    run->addWidget(label("Label22", "Running Time", surface), 0, 0);
+    Label11 = namedLabel("Label11", "", surface);
+    Label12 = namedLabel("Label12", "", surface);
+    Label4 = namedLabel("Label4", "", surface);
+    Label13 = namedLabel("Label13", "", surface);
+    run->addWidget(namedLabel("Label22", "Running Time", surface), 0, 0);
     run->addWidget(Label11, 0, 1);
     run->addWidget(Label12, 0, 2);
     run->addWidget(Label4, 0, 3);
-    run->addWidget(label("Label23", "Encoded Time", surface), 1, 0);
+    run->addWidget(namedLabel("Label23", "Encoded Time", surface), 1, 0);
     run->addWidget(Label13, 1, 1);
     layout->addLayout(run);
     PBar = new QProgressBar(surface);
     PBar->setObjectName("PBar");
     PBar->setTextVisible(false);
     layout->addWidget(PBar);
-    Label8 = label("Label8", "Compression Progress 00.00% Completed", surface);
+    Label8 = namedLabel("Label8", "Compression Progress 00.00% Completed", surface);
     layout->addWidget(Label8);
 }
 

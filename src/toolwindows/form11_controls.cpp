@@ -10,24 +10,12 @@
 #include "main/option_array.h"
 #include "toolwindows/down_scale_choices.h"
 #include "toolwindows/form11.h"
+#include "toolwindows/tool_controls.h"
 #include "toolwindows/tool_menus.h"
 
 namespace quillet {
 
 namespace {
-
-QLabel* label(const char* name, const char* text, QWidget* parent) {
-    auto* made = new QLabel(text, parent);
-    made->setObjectName(name);
-    return made;
-}
-
-template <class Numbers>
-QStringList captionsOf(const Numbers& numbers) {
-    QStringList captions;
-    for (const auto& number : numbers) captions << QString::number(number);
-    return captions;
-}
 
 // A group of options laid out in one row under a heading widget.
 QGroupBox* optionRow(QWidget* heading, OptionArray* options, QWidget* parent) {
@@ -48,41 +36,40 @@ void Form11::buildControls() {
     auto* layout = new QVBoxLayout(surface);
 
     auto* current = new QHBoxLayout;
-    current->addWidget(label("Label12", "Current Width x Height", surface));
-    Label13 = label("Label13", "0000 x 0000", surface);
+    current->addWidget(namedLabel("Label12", "Current Width x Height", surface));
+    Label13 = namedLabel("Label13", "0000 x 0000", surface);
     current->addWidget(Label13);
     current->addStretch();
     layout->addLayout(current);
 
-    QStringList resolutions;
-    for (const char* caption : kResolutionCaptions) resolutions << caption;
     auto* resolutionBox = new QGroupBox(surface);
-    Option1 = new OptionArray("Option1", resolutions, resolutionBox);
+    Option1 = new OptionArray("Option1", captionList(kResolutionCaptions), resolutionBox);
     Option1->select(0);
     auto* grid = new QGridLayout(resolutionBox);
-    grid->addWidget(label("Label1", "Common 16:9 Resolution", resolutionBox), 0, 0, 1, 2);
+    grid->addWidget(namedLabel("Label1", "Common 16:9 Resolution", resolutionBox), 0, 0, 1, 2);
     for (int index = 0; index < Option1->count(); ++index) {
         grid->addWidget(Option1->item(index), 1 + index / 2, index % 2);
     }
-    grid->addWidget(label("Label5", "New Selected Resolution", resolutionBox), 3, 0);
-    Label2 = label("Label2", "426:240", resolutionBox);
+    grid->addWidget(namedLabel("Label5", "New Selected Resolution", resolutionBox), 3, 0);
+    Label2 = namedLabel("Label2", "426:240", resolutionBox);
     grid->addWidget(Label2, 3, 1);
     layout->addWidget(resolutionBox);
 
     Check1 = new QCheckBox("Set CRF", surface);
     Check1->setObjectName("Check1");
-    Option2 = new OptionArray("Option2", captionsOf(kDownScaleCrfs), surface);
+    Option2 = new OptionArray("Option2", captionList(kDownScaleCrfs), surface);
     layout->addWidget(optionRow(Check1, Option2, surface));
     Check2 = new QCheckBox("Encode Video Audio to MP3 ", surface);
     Check2->setObjectName("Check2");
-    Option3 = new OptionArray("Option3", captionsOf(kDownScaleQScales), surface);
+    Option3 = new OptionArray("Option3", captionList(kDownScaleQScales), surface);
     auto* mp3 = optionRow(Check2, Option3, surface);
-    static_cast<QGridLayout*>(mp3->layout())->addWidget(label("Label11", "q Scale", mp3), 1, 3);
+    static_cast<QGridLayout*>(mp3->layout())
+        ->addWidget(namedLabel("Label11", "q Scale", mp3), 1, 3);
     layout->addWidget(mp3);
 
     auto* commands = new QHBoxLayout;
-    Label9 = label("Label9", "Select Video", surface);
-    Label3 = label("Label3", "Compress Video", surface);
+    Label9 = namedLabel("Label9", "Select Video", surface);
+    Label3 = namedLabel("Label3", "Compress Video", surface);
     for (QLabel* command : {Label9, Label3}) {
         command->setCursor(Qt::PointingHandCursor);
         command->setFrameShape(QFrame::StyledPanel);
@@ -90,12 +77,12 @@ void Form11::buildControls() {
         commands->addWidget(command);
     }
     layout->addLayout(commands);
-    Label6 = label("Label6", "Video Name", surface);
+    Label6 = namedLabel("Label6", "Video Name", surface);
     Label6->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(Label6);
     auto* status = new QHBoxLayout;
-    status->addWidget(label("Label7", "Process:", surface));
-    Label8 = label("Label8", "Waiting for Source Video", surface);
+    status->addWidget(namedLabel("Label7", "Process:", surface));
+    Label8 = namedLabel("Label8", "Waiting for Source Video", surface);
     status->addWidget(Label8, 1);
     layout->addLayout(status);
 

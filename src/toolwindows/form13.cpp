@@ -113,8 +113,7 @@ void Form13::mnu_EncodeVideo_Click() {
     ProgramState& state = forms_.state();
     state.ToolBusy = true;
     state.OutputOpened = false;
-    custom_ = Check1->isChecked();
-    if (custom_) {
+    if (Check1->isChecked()) {
         // A box that holds no number leaves the rate chosen before in force.
         if (const auto rate = customFrameRate(Text1->text().toStdString(), formatLocale(QLocale())))
             frameRate_ = *rate;

@@ -61,7 +61,6 @@ private:
 
     Forms& forms_;
     int frameRate_ = 30;
-    bool custom_ = false;
     std::string source_;
     std::string output_;
     std::string sizeText_;

@@ -12,6 +12,7 @@
 #include "main/option_array.h"
 #include "toolwindows/form13.h"
 #include "toolwindows/frame_rate_choices.h"
+#include "toolwindows/tool_controls.h"
 #include "toolwindows/tool_menus.h"
 
 namespace quillet {
@@ -35,9 +36,7 @@ void Form13::buildControls() {
 
     auto* rates = new QGroupBox("Video Frame Rate (fps)", surface);
     auto* grid = new QGridLayout(rates);
-    QStringList captions;
-    for (int rate : kFrameRates) captions << QString::number(rate);
-    Option1 = new OptionArray("Option1", captions, rates);
+    Option1 = new OptionArray("Option1", captionList(kFrameRates), rates);
     for (int index = 0; index < Option1->count(); ++index) {
         grid->addWidget(Option1->item(index), 0, index);
     }

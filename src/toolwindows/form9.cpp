@@ -11,6 +11,7 @@
 #include "main/label_looks.h"
 #include "main/option_array.h"
 #include "toolwindows/sample_rate_choices.h"
+#include "toolwindows/tool_controls.h"
 
 namespace quillet {
 
@@ -39,9 +40,7 @@ Form9::Form9(Forms& forms)
     Label1->setObjectName("Label1");
     Label2->setObjectName("Label2");
 
-    QStringList captions;
-    for (const char* caption : kChooserRateCaptions) captions << caption;
-    Option2 = new OptionArray("Option2", captions, Picture7);
+    Option2 = new OptionArray("Option2", captionList(kChooserRateCaptions), Picture7);
     auto* column = new QVBoxLayout(Picture7);
     column->setContentsMargins(twipsToPixels(kOptionLeftTwips), 8, 12, 4);
     for (int index = 0; index < Option2->count(); ++index) column->addWidget(Option2->item(index));
