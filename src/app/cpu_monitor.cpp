@@ -8,6 +8,12 @@ std::optional<std::string> cpuLabelText(double percent, const FormatLocale& loca
     return "CPU: " + *number + "%";
 }
 
+std::optional<std::string> cpuCellAfterReading(CpuSampler& sampler, const FormatLocale& locale) {
+    const std::optional<double> percent = sampler.read();
+    if (!percent) return std::nullopt;
+    return cpuLabelText(*percent, locale);
+}
+
 std::optional<bool> cpuSwitchFromStored(std::string_view stored, const FormatLocale& locale) {
     const std::optional<double> number = parseNumber(stored, locale);
     if (number == 1.0) return true;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/cpu_sampler.h"
 #include "app/text_format.h"
 
 namespace quillet {
@@ -21,6 +22,10 @@ inline constexpr int kCpuReadingIntervalMs = 2500;
 // The CPU cell for a reading: "CPU: " and the percentage as "00.00" with the locale's decimal
 // separator, then "%" (5.5 gives "CPU: 05.50%"). Empty for a reading that is not a number.
 std::optional<std::string> cpuLabelText(double percent, const FormatLocale& locale);
+
+// The CPU cell after one reading of `sampler`; nothing when no reading could be taken (the system
+// offers no load figures, say), and the cell then keeps the text it has.
+std::optional<std::string> cpuCellAfterReading(CpuSampler& sampler, const FormatLocale& locale);
 
 // What the stored switch asks for when the main window loads: on for a text that is 1 as a number,
 // off for 0, and no change for anything else, a text that is not a number included.

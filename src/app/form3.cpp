@@ -25,11 +25,9 @@ void Form3::Form_Load() {
 }
 
 bool Form3::takeReading() {
-    const std::optional<double> percent = sampler_->read();
+    const std::optional<std::string> text = cpuCellAfterReading(*sampler_, formatLocale(QLocale()));
     MainWindow* mainWindow = forms_.mainWindow();
-    if (!percent || !mainWindow) return false;
-    const std::optional<std::string> text = cpuLabelText(*percent, formatLocale(QLocale()));
-    if (!text) return false;
+    if (!text || !mainWindow) return false;
     mainWindow->showCpuText(*text);
     return true;
 }

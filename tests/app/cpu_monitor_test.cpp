@@ -3,11 +3,13 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <regex>
 
 #include <unistd.h>
 
 #include "app/cpu_monitor.h"
 #include "app/proc_stat_sampler.h"
+#include "under_wine.h"
 
 namespace quillet {
 namespace {
@@ -88,6 +90,18 @@ TEST(CpuMonitor, LabelText) {
     EXPECT_EQ(cpuLabelText(99.999, {}), "CPU: 100.00%");
     EXPECT_EQ(cpuLabelText(5.5, comma), "CPU: 05,50%");
     EXPECT_EQ(cpuLabelText(std::numeric_limits<double>::quiet_NaN(), {}), std::nullopt);
+}
+
+TEST(CpuMonitor, SystemSamplerReadsTheLoadOrLeavesTheCellAsItWas) {
+    const std::unique_ptr<CpuSampler> sampler = makeSystemCpuSampler();
+    if (underWine()) {
+        // wine's management service has no processor-information performance class.
+        EXPECT_EQ(cpuCellAfterReading(*sampler, {}), std::nullopt);
+        return;
+    }
+    const std::optional<std::string> cell = cpuCellAfterReading(*sampler, {});
+    ASSERT_TRUE(cell);
+    EXPECT_TRUE(std::regex_match(*cell, std::regex(R"(CPU: (\d\d\.\d\d|100\.00)%)"))) << *cell;
 }
 
 TEST(CpuMonitor, StoredSwitch) {

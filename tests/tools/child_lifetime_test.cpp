@@ -1,21 +1,31 @@
 #include "tools/child_process.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
+
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <process.h>
+#include <windows.h>
+#else
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <chrono>
 #include <csignal>
+#include <set>
+#endif
+
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <string>
 #include <thread>
 
+#include "children_left.h"
 #include "tools/command_words.h"
 
 namespace quillet {
@@ -23,6 +33,45 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+
+// Starts a child that starts a sleeping child of its own, the way the program starts a tool; gives
+// the sleeper's process id (0 when that failed).
+std::shared_ptr<ChildProcess> startParentOfSleeper(unsigned long& sleeper) {
+    auto parent = ChildProcess::start(CHILD_START_CHILD " " + quoteArgument(CHILD_START_CHILD));
+    char buffer[64] = {};
+    if (parent) parent->read(buffer, sizeof buffer - 1);  // the process id, written at once
+    sleeper = std::strtoul(buffer, nullptr, 10);
+    return parent;
+}
+
+// Ends the parent and waits until the system has released it.
+void endParent(ChildProcess& parent) {
+    parent.forceEnd();
+    char buffer[64];
+    while (parent.read(buffer, sizeof buffer) > 0) {
+    }
+    parent.awaitExit();
+}
+
+#ifdef _WIN32
+
+TEST(ChildLifetimeTest, ChildDiesWithTheProgramThatStartedIt) {
+    unsigned long sleeper = 0;
+    const auto parent = startParentOfSleeper(sleeper);
+    ASSERT_TRUE(parent);
+    ASSERT_GT(sleeper, 0u);
+    // Held from before the parent goes, so that the id cannot pass to another process meanwhile.
+    const HANDLE child =
+        ::OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, static_cast<DWORD>(sleeper));
+    ASSERT_TRUE(child);
+    endParent(*parent);
+    const bool ended = ::WaitForSingleObject(child, 2000) == WAIT_OBJECT_0;
+    if (!ended) ::TerminateProcess(child, 1);
+    ::CloseHandle(child);
+    EXPECT_TRUE(ended) << "the child outlived its parent";
+}
+
+#else
 
 // The descriptors open in a process; with `inheritableOnly`, those a child of it would receive.
 std::set<int> descriptors(const std::string& process, bool inheritableOnly = false) {
@@ -41,23 +90,18 @@ std::set<int> descriptors(const std::string& process, bool inheritableOnly = fal
 TEST(ChildLifetimeTest, ChildDiesWithTheProgramThatStartedItAndGetsNoneOfItsPipes) {
     // Orphans come to this test, which can then tell how and when they ended, and release them.
     ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
-    const auto parent =
-        ChildProcess::start(CHILD_START_CHILD " " + quoteArgument(CHILD_START_CHILD));
+    unsigned long sleeper = 0;
+    const auto parent = startParentOfSleeper(sleeper);
     ASSERT_TRUE(parent);
-    char buffer[64] = {};
-    parent->read(buffer, sizeof buffer - 1);  // the process id, written at once
-    const pid_t grandchild = std::atoi(buffer);
-    ASSERT_GT(grandchild, 0) << buffer;
+    const auto grandchild = static_cast<pid_t>(sleeper);
+    ASSERT_GT(grandchild, 0);
     // Besides its standard descriptors, only what this test itself inherited reaches it.
     std::set<int> expected = descriptors("self", true);
     expected.insert({0, 1, 2});
     EXPECT_EQ(descriptors(std::to_string(grandchild)), expected);
 
-    parent->forceEnd();
     const auto killed = std::chrono::steady_clock::now();
-    while (parent->read(buffer, sizeof buffer) > 0) {
-    }
-    parent->awaitExit();  // once the parent is released, its orphan is ours
+    endParent(*parent);  // once the parent is released, its orphan is ours
 
     int status = 0;
     pid_t ended = 0;
@@ -74,19 +118,22 @@ TEST(ChildLifetimeTest, ChildDiesWithTheProgramThatStartedItAndGetsNoneOfItsPipe
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
 }
 
+#endif
+
 TEST(ChildLifetimeTest, FileThatCannotBeExecutedFailsTheStartAndLeavesNoChild) {
+#ifdef _WIN32
+    const char* kProgramSuffix = ".exe";
+#else
+    const char* kProgramSuffix = "";
+#endif
     const fs::path file =
-        fs::temp_directory_path() / ("quillet-text-" + std::to_string(::getpid()));
+        fs::temp_directory_path() / ("quillet-text-" + std::to_string(::getpid()) + kProgramSuffix);
     std::ofstream(file) << "neither a program nor a script\n";
     fs::permissions(file, fs::perms::owner_all);
     EXPECT_FALSE(ChildProcess::start(quoteArgument(file.string()) + " -y"));
     fs::remove(file);
     // No child at all, ended or not: the one that failed to run the file was released at once.
-    siginfo_t info{};
-    const int looked = ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT);
-    const int error = errno;
-    EXPECT_EQ(looked, -1);
-    EXPECT_EQ(error, ECHILD);
+    EXPECT_TRUE(children::noChildLeft(children::Left::Any));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "byte_pattern.h"
+#include "children_left.h"
 #include "runner_test_support.h"
 #include "tools/running_commands.h"
 
@@ -32,7 +33,7 @@ class CommandRunnerTest : public ::testing::Test {
 protected:
     void TearDown() override {
         EXPECT_TRUE(QTest::qWaitFor([&] { return commands.count() == 0; }, 6000));
-        EXPECT_TRUE(noFinishedChildLeft());
+        EXPECT_TRUE(children::noChildLeft(children::Left::Unreleased));
     }
 
     // Runs the command and handles events until its output has ended.

@@ -6,8 +6,10 @@
 #include <filesystem>
 
 #include "byte_pattern.h"
+#include "children_left.h"
 #include "runner_test_support.h"
 #include "tools/command_words.h"
+#include "under_wine.h"
 
 namespace quillet {
 namespace {
@@ -19,7 +21,7 @@ using Pieces = std::vector<std::string>;
 
 class DOSOutputsTest : public ::testing::Test {
 protected:
-    void TearDown() override { EXPECT_TRUE(noFinishedChildLeft()); }
+    void TearDown() override { EXPECT_TRUE(children::noChildLeft(children::Left::Unreleased)); }
 
     DOSOutputs runner;
     PieceRecorder recorder{runner};
@@ -89,12 +91,27 @@ TEST_F(DOSOutputsTest, ArgumentsArriveAsWindowsWouldSplitThem) {
 
 TEST_F(DOSOutputsTest, UnquotedProgramPathWithBlanksIsFound) {
     const fs::path top = fs::temp_directory_path() / ("quillet-" + std::to_string(::getpid()));
-    const fs::path program = top / "dir with blanks" / "record args";
-    fs::create_directories(program.parent_path());
+    const fs::path folder = top / "dir with blanks";
+    fs::create_directories(folder);
+#ifdef _WIN32
+    // The system finds the program by trying longer and longer prefixes of the line, yet the
+    // program itself splits its unquoted name at the blanks.
+    const fs::path program = folder / "record args.exe";
+    const Pieces words = {
+        (top / "dir").string(), "with", R"(blanks\record)", "args.exe", "one", "two three"};
+#else
+    const fs::path program = folder / "record args";
+    const Pieces words = {program.string(), "one", "two three"};
+#endif
     fs::copy_file(CHILD_RECORD_ARGS, program);
-    EXPECT_EQ(runner.ExecuteCommand(program.string() + " one \"two three\""),
-              record({program.string(), "one", "two three"}));
+    const std::string recorded = runner.ExecuteCommand(program.string() + " one \"two three\"");
     fs::remove_all(top);
+    EXPECT_TRUE(recorded.ends_with("[one]\n[two three]\n")) << recorded;  // found and started
+    if (underWine()) {
+        GTEST_SKIP() << "wine quotes the program path it found in the line, so the program gets "
+                        "its name whole";
+    }
+    EXPECT_EQ(recorded, record(words));
 }
 
 TEST_F(DOSOutputsTest, StopChildSendsQOnTheChildsInput) {
@@ -133,6 +150,9 @@ TEST_F(DOSOutputsTest, ChildControlOutsideARunDoesNothing) {
 }
 
 TEST_F(DOSOutputsTest, RunEndsWithTheOutputAndTheLingeringChildIsReleasedLater) {
+    if (underWine()) {
+        GTEST_SKIP() << "wine's console host keeps a child's output open until the child ends";
+    }
     const auto started = Clock::now();
     EXPECT_EQ(runner.ExecuteCommand(CHILD_LINGER " 500"), "");
     EXPECT_LT(Clock::now() - started, 400ms);
@@ -150,7 +170,7 @@ TEST_F(DOSOutputsTest, HandlerRunningTheSameRunnerAgainGetsNothing) {
 
 TEST_F(DOSOutputsTest, ConcurrentRunnersDoNotHoldUpEachOthersOutput) {
     // Were the pipes inherited by other children, a short run would last as long as the long
-    // child started beside it.
+    // child started beside it (30 s).
     DOSOutputs longRunner;
     std::atomic<bool> shortRunsDone = false;
     std::thread longRun([&] {
@@ -162,7 +182,7 @@ TEST_F(DOSOutputsTest, ConcurrentRunnersDoNotHoldUpEachOthersOutput) {
     });
     const auto started = Clock::now();
     for (int i = 0; i < 30; ++i) runner.ExecuteCommand(CHILD_SILENT);
-    EXPECT_LT(Clock::now() - started, 5s);
+    EXPECT_LT(Clock::now() - started, 20s);
     shortRunsDone = true;
     longRun.join();
 }

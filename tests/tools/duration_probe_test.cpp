@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <chrono>
 #include <thread>
 
-#include "runner_test_support.h"
+#include "children_left.h"
 
 namespace quillet {
 namespace {
@@ -35,19 +34,6 @@ TEST(DurationAnswer, TheLastLineThatIsOnlyANumber) {
     }
 }
 
-// Whether this test program has no child left at all, running or ended, within a few seconds.
-bool noChildLeft() {
-    const auto deadline = Clock::now() + 5s;
-    for (;;) {
-        siginfo_t info{};
-        if (::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD) {
-            return true;
-        }
-        if (Clock::now() > deadline) return false;
-        std::this_thread::sleep_for(20ms);
-    }
-}
-
 TEST(DurationProbe, GoingAwayNeverWaitsForAHungChildAndEndsIt) {
     // Gone at once, and gone once the child has started: neither waits, and no child outlives it.
     for (const auto startedFor : {0ms, 300ms}) {
@@ -56,7 +42,7 @@ TEST(DurationProbe, GoingAwayNeverWaitsForAHungChildAndEndsIt) {
         const auto started = Clock::now();
         probe.reset();
         EXPECT_LT(Clock::now() - started, 100ms);
-        EXPECT_TRUE(noChildLeft());
+        EXPECT_TRUE(children::noChildLeft(children::Left::Any));
     }
 }
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#endif
+
+namespace quillet {
+
+// Whether the Windows build of a test runs under wine rather than on Windows. Where wine behaves
+// unlike Windows, a test says how and skips there only: on Windows it still runs.
+inline bool underWine() {
+#ifdef _WIN32
+    const HMODULE system = ::GetModuleHandleW(L"ntdll.dll");
+    return system && ::GetProcAddress(system, "wine_get_version") != nullptr;
+#else
+    return false;
+#endif
+}
+
+}  // namespace quillet
