@@ -21,7 +21,9 @@ if [ ! -e "$WINEPREFIX/system.reg" ]; then
     "$wineserver" --wait
 fi
 # The server for this run, and the services it starts, get no output of ours: they outlive every
-# test, which would otherwise wait for them to close it.
+# test, which would otherwise wait for them to close it. A server of an earlier run that is still
+# going away is waited for first.
+"$wineserver" --wait
 "$wineserver" --persistent >/dev/null 2>&1
 trap '"$wineserver" --kill' EXIT
 "$wine" wineboot >/dev/null 2>&1

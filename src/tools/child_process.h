@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "tools/program_lookup.h"
+
 namespace quillet {
 
 // One child process started from a command line, hidden and without a shell, whose standard output
@@ -16,6 +18,12 @@ public:
     static std::shared_ptr<ChildProcess> start(const std::string& commandLine,
                                                const std::string& workingFolder = {});
 
+    // Starts the program file `call.file` with exactly the arguments `call.arguments` (its own name
+    // first), each of which reaches it as one argument whatever it holds: blanks, quotes, a
+    // leading "-" or a line break. Empty when the program cannot be started.
+    static std::shared_ptr<ChildProcess> start(const ProgramCall& call,
+                                               const std::string& workingFolder = {});
+
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
@@ -26,8 +34,8 @@ public:
 
     // Closes the child's input, waits until the child has ended and releases it, so that no
     // finished child is left behind; from then on it is never signalled again. For the reading
-    // thread, after the output has ended.
-    void awaitExit();
+    // thread, after the output has ended. Gives the child's exit code; -1 when a signal ended it.
+    int awaitExit();
 
     // Asks the child to end: "q" on its standard input (which ffmpeg honours) and, where the system
     // has it, the termination signal. Does nothing once the child has ended. Any thread.

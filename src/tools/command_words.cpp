@@ -78,4 +78,13 @@ std::string quoteArgument(std::string_view text) {
     return quoted;
 }
 
+std::string joinArguments(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words) {
+        if (!line.empty()) line += ' ';
+        line += quoteArgument(word);
+    }
+    return line;
+}
+
 }  // namespace quillet

@@ -19,4 +19,7 @@ std::vector<std::string> splitArguments(std::string_view argumentText);
 // the tool command lines show.
 std::string quoteArgument(std::string_view text);
 
+// The command line of `words`, each quoted, so that splitting it gives back exactly `words`.
+std::string joinArguments(const std::vector<std::string>& words);
+
 }  // namespace quillet

@@ -19,7 +19,6 @@
 #include <vector>
 
 #include "tools/child_process.h"
-#include "tools/program_lookup.h"
 
 namespace quillet {
 
@@ -205,7 +204,12 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     const auto call =
         resolveProgram(commandLine, searchPath ? searchPath : "/usr/bin:/bin", isExecutableFile);
     if (!call) return nullptr;
+    return start(*call, workingFolder);
+}
 
+std::shared_ptr<ChildProcess> ChildProcess::start(const ProgramCall& call,
+                                                  const std::string& workingFolder) {
+    if (call.arguments.empty()) return nullptr;
     auto native = std::make_unique<Native>();
     Descriptor childOutput;
     Descriptor childInput;
@@ -215,7 +219,7 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     // A stop request must never hang on a child that does not read its input.
     ::fcntl(native->input.get(), F_SETFL, O_NONBLOCK);
 
-    native->pid = spawn(*call, childInput.get(), childOutput.get(), workingFolder);
+    native->pid = spawn(call, childInput.get(), childOutput.get(), workingFolder);
     // Our copies of the child's ends go at once, so that the output ends when the child's does.
     childOutput.reset();
     childInput.reset();
@@ -235,7 +239,7 @@ std::size_t ChildProcess::read(char* buffer, std::size_t capacity) {
     }
 }
 
-void ChildProcess::awaitExit() {
+int ChildProcess::awaitExit() {
     {
         // A child that lingers after its output has ended may be waiting for its input to end.
         std::lock_guard lock(native_->mutex);
@@ -249,8 +253,10 @@ void ChildProcess::awaitExit() {
     }
     std::lock_guard lock(native_->mutex);
     native_->released = true;
-    while (::waitpid(native_->pid, nullptr, 0) < 0 && errno == EINTR) {
+    int status = 0;
+    while (::waitpid(native_->pid, &status, 0) < 0 && errno == EINTR) {
     }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 void ChildProcess::askToStop() {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "tools/child_process.h"
+#include "tools/command_words.h"
 
 namespace quillet {
 
@@ -157,6 +158,15 @@ std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine
     return std::shared_ptr<ChildProcess>(new ChildProcess(std::move(native)));
 }
 
+std::shared_ptr<ChildProcess> ChildProcess::start(const ProgramCall& call,
+                                                  const std::string& workingFolder) {
+    if (call.arguments.empty()) return nullptr;
+    // The program quoted runs as it is named, and each argument quoted reaches it whole.
+    std::vector<std::string> words = call.arguments;
+    words.front() = call.file;
+    return start(joinArguments(words), workingFolder);
+}
+
 ChildProcess::ChildProcess(std::unique_ptr<Native> native) : native_(std::move(native)) {}
 
 ChildProcess::~ChildProcess() = default;
@@ -174,7 +184,7 @@ std::size_t ChildProcess::read(char* buffer, std::size_t capacity) {
     }
 }
 
-void ChildProcess::awaitExit() {
+int ChildProcess::awaitExit() {
     {
         // A child that lingers after its output has ended may be waiting for its input to end.
         std::lock_guard lock(native_->mutex);
@@ -183,6 +193,9 @@ void ChildProcess::awaitExit() {
     ::WaitForSingleObject(native_->process.get(), INFINITE);
     std::lock_guard lock(native_->mutex);
     native_->ended = true;
+    DWORD code = 0;
+    if (!::GetExitCodeProcess(native_->process.get(), &code)) return -1;
+    return static_cast<int>(code);
 }
 
 void ChildProcess::askToStop() {

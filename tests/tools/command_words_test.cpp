@@ -52,6 +52,8 @@ TEST(QuoteArgument, SplitsBackToExactlyTheText) {
         EXPECT_EQ(splitArguments("-i " + quoteArgument(text) + " -y"), (Words{"-i", text, "-y"}))
             << text;
     }
+    const Words all(std::begin(texts), std::end(texts));
+    EXPECT_EQ(splitArguments(joinArguments(all)), all);
 }
 
 }  // namespace

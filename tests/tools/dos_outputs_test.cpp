@@ -8,6 +8,7 @@
 #include "byte_pattern.h"
 #include "children_left.h"
 #include "runner_test_support.h"
+#include "tools/child_process.h"
 #include "tools/command_words.h"
 #include "under_wine.h"
 
@@ -87,6 +88,27 @@ TEST_F(DOSOutputsTest, ArgumentsArriveAsWindowsWouldSplitThem) {
     const std::string name = R"(clip" -y "x\" .mp4)";
     EXPECT_EQ(runner.ExecuteCommand(CHILD_RECORD_ARGS " -i " + quoteArgument(name) + " -f"),
               record({CHILD_RECORD_ARGS, "-i", name, "-f"}));
+}
+
+TEST(ChildArguments, EachArgumentOfAListArrivesWholeWhateverItHolds) {
+    const Pieces words = {CHILD_RECORD_ARGS, "-i", "a b.mp4",     R"(say "hi".mp4)", "-y",
+                          "line\nbreak",     "",   R"(ends in\)", R"(\")",           "日本 é.mp4",
+                          "%PATH% $HOME",    "'x'"};
+    const auto child = ChildProcess::start(ProgramCall{CHILD_RECORD_ARGS, words});
+    ASSERT_TRUE(child);
+    std::string recorded;
+    char buffer[256];
+    while (const std::size_t count = child->read(buffer, sizeof buffer)) {
+        recorded.append(buffer, count);
+    }
+    EXPECT_EQ(child->awaitExit(), 0);
+    EXPECT_EQ(recorded, record(words));
+    // Its exit code is told: child_trickle without its arguments ends with 2.
+    const auto failing = ChildProcess::start(ProgramCall{CHILD_TRICKLE, {CHILD_TRICKLE}});
+    ASSERT_TRUE(failing);
+    while (failing->read(buffer, sizeof buffer) > 0) {
+    }
+    EXPECT_EQ(failing->awaitExit(), 2);
 }
 
 TEST_F(DOSOutputsTest, UnquotedProgramPathWithBlanksIsFound) {

@@ -1,0 +1,153 @@
+#include "cli/batch.h"
+
+#include <random>
+#include <system_error>
+
+#include "cli/batch_report.h"
+#include "cli/ffmpeg_run.h"
+#include "cli/job_arguments.h"
+#include "cli/output_plan.h"
+#include "cli/source_facts.h"
+#include "cli/utf8_paths.h"
+
+namespace quillet::cli {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+long long fileSize(const fs::path& path) {
+    std::error_code error;
+    const auto size = fs::file_size(path, error);
+    return error ? 0 : static_cast<long long>(size);
+}
+
+std::string lastLinesOf(const RunOutcome& outcome) {
+    std::string text;
+    for (const std::string& line : outcome.lastLines) text += "\n    " + line;
+    return text.empty() ? " (it said nothing)" : text;
+}
+
+class Batch {
+public:
+    Batch(const Options& options, const Tools& tools, StopRequests& stops, BatchReport& report)
+        : options_(options), tools_(tools), stops_(stops), report_(report) {}
+
+    JobEnd run(const fs::path& source) {
+        JobEnd end;
+        end.source = utf8Of(source);
+        end.sourceBytes = fileSize(source);
+        const RunOutcome probe = runTool(
+            ProgramCall{utf8Of(tools_.ffprobe), probeArguments(utf8Of(tools_.ffprobe), end.source)},
+            {}, stops_, {}, true);
+        const SourceFacts facts = parseProbeAnswer(probe.output);
+        if (options_.command == Command::Probe) return probed(end, probe, facts);
+        if (!probe.succeeded() || !facts.hasVideo) {
+            return failed(end, "not a video ffprobe can read:" + lastLinesOf(probe));
+        }
+        const OutputPlan plan = planOutput(source, options_.outputFolder, options_.existing);
+        end.output = utf8Of(plan.output);
+        if (plan.action == OutputPlan::Action::Skip) return skipped(end, plan.reason);
+        if (plan.action == OutputPlan::Action::Refuse) return failed(end, plan.reason);
+
+        long long videoRate = 0;
+        const bool targetSize =
+            options_.command == Command::Compress && options_.compress.method == Method::TargetSize;
+        if (targetSize) {
+            if (!facts.seconds) return failed(end, "the running time is unknown");
+            const TargetRate rate = targetRate(*options_.compress.targetMb, *facts.seconds,
+                                               options_.audioKbps, facts.hasAudio);
+            if (!rate.refusal.empty()) return failed(end, rate.refusal);
+            videoRate = rate.videoBitsPerSecond;
+        }
+        const JobFiles files{utf8Of(tools_.ffmpeg), end.source, end.output};
+        JobView view{utf8Of(source.filename()), facts.seconds, {}};
+        const auto show = [&](const Progress& progress) {
+            view.progress = progress;
+            report_.progress(view);
+        };
+        RunOutcome outcome;
+        if (targetSize && options_.compress.twoPass) {
+            outcome = twoPasses(files, videoRate, show);
+        } else {
+            outcome = runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)},
+                              {}, stops_, show);
+        }
+        if (stops_.requested() || !outcome.succeeded()) {
+            std::error_code ignored;
+            fs::remove(plan.output, ignored);  // nothing half-written is left behind
+            if (stops_.requested()) {
+                end.status = JobEnd::Status::Stopped;
+                end.message = "stopped";
+                return end;
+            }
+            return failed(end, outcome.started ? "ffmpeg failed:" + lastLinesOf(outcome)
+                                               : "ffmpeg could not be started");
+        }
+        end.outputBytes = fileSize(plan.output);
+        return end;
+    }
+
+private:
+    template <class Show>
+    RunOutcome twoPasses(const JobFiles& files, long long videoRate, const Show& show) {
+        // The statistics of the first pass live in a folder of their own, gone afterwards.
+        std::error_code error;
+        const fs::path folder = fs::temp_directory_path(error) /
+                                ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
+        fs::create_directories(folder, error);
+        RunOutcome outcome = runTool(
+            ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate, Pass::First)},
+            utf8Of(folder), stops_, show);
+        if (outcome.succeeded() && !stops_.requested()) {
+            outcome = runTool(
+                ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate, Pass::Second)},
+                utf8Of(folder), stops_, show);
+        }
+        fs::remove_all(folder, error);
+        return outcome;
+    }
+
+    JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {
+        if (!probe.succeeded()) return failed(end, "ffprobe cannot read it:" + lastLinesOf(probe));
+        end.message = describeFacts(facts);
+        return end;
+    }
+
+    static JobEnd skipped(JobEnd& end, const std::string& reason) {
+        end.status = JobEnd::Status::Skipped;
+        end.message = reason;
+        return end;
+    }
+
+    static JobEnd failed(JobEnd& end, const std::string& reason) {
+        end.status = JobEnd::Status::Failed;
+        end.message = reason;
+        return end;
+    }
+
+    const Options& options_;
+    const Tools& tools_;
+    StopRequests& stops_;
+    BatchReport& report_;
+};
+
+}  // namespace
+
+int runBatch(const Options& options, const Tools& tools, StopRequests& stops, std::FILE* out,
+             std::FILE* errors, bool terminal) {
+    BatchReport report(out, errors, options.json, terminal);
+    std::vector<std::string> problems;
+    const std::vector<fs::path> sources = sourcesOf(options.inputs, problems);
+    for (const std::string& problem : problems) report.problem(problem);
+    Batch batch(options, tools, stops, report);
+    for (const fs::path& source : sources) {
+        if (stops.requested()) break;
+        report.finished(batch.run(source));
+    }
+    report.summary(!problems.empty());
+    if (stops.requested()) return kStopped;
+    return report.anyFailed() || !problems.empty() ? kSomeFailed : kAllDone;
+}
+
+}  // namespace quillet::cli

@@ -1,0 +1,61 @@
+#include "cli/batch_report.h"
+
+namespace quillet::cli {
+
+void BatchReport::clearLine() {
+    if (!lineOpen_) return;
+    std::fputs("\r\x1b[K", out_);
+    lineOpen_ = false;
+}
+
+void BatchReport::progress(const JobView& job) {
+    if (json_) {
+        std::fprintf(out_, "%s\n", jsonUpdate(job).c_str());
+    } else if (terminal_) {
+        std::fprintf(out_, "\r\x1b[K%s", terminalLine(job).c_str());
+        lineOpen_ = true;
+    }
+    std::fflush(out_);
+}
+
+void BatchReport::finished(const JobEnd& end) {
+    switch (end.status) {
+        case JobEnd::Status::Done:
+            ++done_;
+            if (!end.output.empty()) bytesSaved_ += end.sourceBytes - end.outputBytes;
+            break;
+        case JobEnd::Status::Skipped:
+            ++skipped_;
+            break;
+        case JobEnd::Status::Failed:
+            ++failed_;
+            break;
+        case JobEnd::Status::Stopped:
+            break;
+    }
+    clearLine();
+    std::fprintf(out_, "%s\n", (json_ ? jsonEnd(end) : plainEnd(end)).c_str());
+    std::fflush(out_);
+}
+
+void BatchReport::problem(const std::string& text) {
+    clearLine();
+    std::fprintf(errors_, "quillet-cli: %s\n", text.c_str());
+}
+
+void BatchReport::summary(bool inputProblems) {
+    clearLine();
+    const double saved = static_cast<double>(bytesSaved_) / 1048576.0;
+    if (json_) {
+        std::fprintf(out_,
+                     "{\"event\":\"summary\",\"done\":%d,\"skipped\":%d,\"failed\":%d,"
+                     "\"input_problems\":%s,\"bytes_saved\":%lld}\n",
+                     done_, skipped_, failed_, inputProblems ? "true" : "false", bytesSaved_);
+    } else {
+        std::fprintf(out_, "%d done, %d skipped, %d failed, %.1f MB saved\n", done_, skipped_,
+                     failed_, saved);
+    }
+    std::fflush(out_);
+}
+
+}  // namespace quillet::cli

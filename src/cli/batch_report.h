@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+#include "cli/job_progress.h"
+
+namespace quillet::cli {
+
+// What the companion tells while a batch runs: on a terminal one line per job updated in place,
+// with --json one JSON object a line, otherwise one line per finished job; then a summary.
+class BatchReport {
+public:
+    BatchReport(std::FILE* out, std::FILE* errors, bool json, bool terminal)
+        : out_(out), errors_(errors), json_(json), terminal_(terminal && !json) {}
+
+    void progress(const JobView& job);
+    void finished(const JobEnd& end);
+    void problem(const std::string& text);
+    // "N done, N skipped, N failed, X MB saved"; `inputProblems`: some input named nothing.
+    void summary(bool inputProblems);
+    bool anyFailed() const { return failed_ > 0; }
+
+private:
+    void clearLine();
+
+    std::FILE* out_;
+    std::FILE* errors_;
+    bool json_;
+    bool terminal_;
+    bool lineOpen_ = false;
+    int done_ = 0;
+    int skipped_ = 0;
+    int failed_ = 0;
+    long long bytesSaved_ = 0;
+};
+
+}  // namespace quillet::cli

@@ -1,0 +1,56 @@
+#include "cli/cli_options.h"
+
+namespace quillet::cli {
+
+std::string helpText() {
+    return R"(quillet-cli: compresses videos to H.265 with ffmpeg, one job after the other.
+
+Usage: quillet-cli COMMAND [OPTIONS] INPUT...
+INPUT is a video file or a folder (its videos are taken, not those of its subfolders).
+Each output goes beside its source as Compressed-<name>, or into --output-dir.
+
+Commands:
+  compress   re-encode with libx265 under one of four rate-control methods
+  mp3        re-encode the picture at a rate factor and the audio to MP3
+  scale      scale the picture down to a height of 240, 360, 480 or 720
+  fps        change the frame rate
+  tags       write container tags into a copy, streams copied as they are
+  probe      show running time, resolution and streams
+
+compress:
+  --method tfs|crf|abr|qp  target file size, constant rate factor (default),
+                           average bit rate or constant quantizer
+  --target-mb MB           the size to reach (tfs); 1 MB = 1,048,576 bytes
+  --two-pass               two passes, to land within 2% of the target, never over
+  --crf N                  rate factor, 0 to 51 (default 20)
+  --bitrate R --minrate R --maxrate R --bufsize R
+                           abr rates (defaults 900k, 1.1M, 2.0M, 1.1M)
+  --qp N --lookahead N     qp quantizer and look-ahead (defaults 14, 18)
+  --preset NAME            libx265 preset (default veryfast)
+  --audio-bitrate K        AAC audio in kbit/s (default 160)
+  --sample-rate HZ         audio sample rate (default 44100)
+mp3:    --crf N --preset NAME --quality 1..9 (default 5) --sample-rate HZ
+scale:  --height 240|360|480|720 (default 480) [--crf N] [--mp3 5|7|9]
+fps:    --fps N [--audio-bitrate K] [--sample-rate HZ]
+tags:   --tag KEY=VALUE (as many as wanted)
+
+Every command:
+  --output-dir DIR   write the outputs there
+  --overwrite        replace an existing output (default: skip that input)
+  --rename           keep an existing output and write Compressed-<name> (2) and so on
+  --json             one JSON object per progress update and per finished job
+  --                 what follows are inputs, even names that start with "-"
+
+Exit status: 0 every job done or skipped, 1 some job failed, 2 bad usage, 130 stopped
+(Ctrl-C or the termination signal: ffmpeg is stopped and the partial output removed).
+
+Examples:
+  quillet-cli compress --method tfs --target-mb 50 --two-pass holiday.mp4
+  quillet-cli compress --method crf --crf 24 --output-dir small ~/Videos/phone
+  quillet-cli scale --height 720 --rename *.mov
+  quillet-cli tags --tag title="Summer 2026" --tag artist=Ann clip.mp4
+  quillet-cli probe clip.mp4
+)";
+}
+
+}  // namespace quillet::cli

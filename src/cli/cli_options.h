@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillet::cli {
+
+// What the companion is asked to do: one job per input, of one kind.
+enum class Command { Compress, Mp3, Scale, Fps, Tags, Probe };
+enum class Method { TargetSize, Crf, Abr, Qp };
+// What happens when the output of a job exists already.
+enum class ExistingOutput { Skip, Overwrite, Rename };
+
+struct CompressSettings {
+    Method method = Method::Crf;
+    std::optional<double> targetMb;  // MB of 1,048,576 bytes; needed by the target-size method
+    bool twoPass = false;
+    int crf = 20;
+    std::string bitRate = "900k";
+    std::string minRate = "1.1M";
+    std::string maxRate = "2.0M";
+    std::string bufferSize = "1.1M";
+    int qp = 14;
+    int lookAhead = 18;
+};
+
+struct Options {
+    Command command = Command::Compress;
+    CompressSettings compress;
+    std::string preset = "veryfast";
+    int audioKbps = 160;
+    int sampleRate = 44100;
+    int mp3Quality = 5;                                     // mp3, and scale when given
+    std::optional<int> scaleCrf;                            // scale: a rate factor of its own
+    bool scaleMp3 = false;                                  // scale: the audio to MP3 too
+    int height = 480;                                       // scale: 240, 360, 480 or 720
+    int fps = 0;                                            // fps: the new rate, required
+    std::vector<std::pair<std::string, std::string>> tags;  // tags: key and value, in order
+    std::string outputFolder;                               // empty: beside each source
+    ExistingOutput existing = ExistingOutput::Skip;
+    bool json = false;
+    std::vector<std::string> inputs;  // files or folders
+};
+
+// The outcome of reading the command line: options to run, the help text to print, or a usage
+// error to report (exit status 2).
+struct Parsed {
+    std::optional<Options> options;
+    std::string help;
+    std::string error;
+};
+
+// Reads the arguments after the program name.
+Parsed parseArguments(const std::vector<std::string>& arguments);
+
+// The help text, with examples.
+std::string helpText();
+
+}  // namespace quillet::cli

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "cli/job_progress.h"
+#include "cli/stop_requests.h"
+#include "tools/program_lookup.h"
+
+namespace quillet::cli {
+
+// How one run of ffmpeg (or ffprobe) went.
+struct RunOutcome {
+    bool started = false;
+    int exitCode = -1;
+    std::deque<std::string> lastLines;  // the last lines that were not progress, for messages
+    std::string output;                 // everything it wrote, when asked to keep it
+    bool succeeded() const { return started && exitCode == 0; }
+};
+
+// Runs `call` in `folder` (this program's own when empty) until it ends, handing each block of
+// progress to `onProgress`; the stop requests stop it. `keepOutput`: keep all it writes.
+RunOutcome runTool(const ProgramCall& call, const std::string& folder, StopRequests& stops,
+                   const std::function<void(const Progress&)>& onProgress, bool keepOutput = false);
+
+}  // namespace quillet::cli

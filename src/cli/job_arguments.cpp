@@ -1,0 +1,126 @@
+#include "cli/job_arguments.h"
+
+#include <initializer_list>
+
+namespace quillet::cli {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+void add(Words& words, std::initializer_list<std::string> more) {
+    words.insert(words.end(), more);
+}
+
+std::string kbps(int value) {
+    return std::to_string(value) + "k";
+}
+
+// The audio of the compression methods and the frame-rate tool: AAC at the rate and sample rate
+// asked for.
+void aacAudio(Words& words, const Options& options) {
+    add(words, {"-c:a", "aac", "-b:a", kbps(options.audioKbps), "-ar",
+                std::to_string(options.sampleRate)});
+}
+
+void mp3Audio(Words& words, const Options& options) {
+    add(words, {"-codec:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality), "-ar",
+                std::to_string(options.sampleRate)});
+}
+
+std::string scaleFilter(int height) {
+    const int width = height == 240 ? 426 : height == 360 ? 640 : height == 480 ? 854 : 1280;
+    return "scale=" + std::to_string(width) + ":" + std::to_string(height) + ",setsar=1:1";
+}
+
+void compressOptions(Words& words, const Options& options, long long videoBitsPerSecond, Pass pass,
+                     const std::string& passLog) {
+    const CompressSettings& compress = options.compress;
+    add(words, {"-c:v", "libx265"});
+    switch (compress.method) {
+        case Method::TargetSize:
+            add(words, {"-preset", options.preset, "-b:v", std::to_string(videoBitsPerSecond)});
+            if (pass != Pass::Only) {
+                const std::string number = pass == Pass::First ? "1" : "2";
+                add(words, {"-x265-params", "pass=" + number + ":stats=" + passLog});
+            }
+            if (pass == Pass::First) {
+                add(words, {"-an", "-f", "null"});
+                return;
+            }
+            break;
+        case Method::Crf:
+            add(words, {"-crf", std::to_string(compress.crf), "-preset", options.preset});
+            break;
+        case Method::Abr:
+            add(words,
+                {"-preset", options.preset, "-b:v", compress.bitRate, "-minrate", compress.minRate,
+                 "-maxrate", compress.maxRate, "-bufsize", compress.bufferSize});
+            break;
+        case Method::Qp:
+            add(words, {"-x265-params",
+                        "qp=" + std::to_string(compress.qp) +
+                            ":rc-lookahead=" + std::to_string(compress.lookAhead),
+                        "-preset", options.preset});
+            break;
+    }
+    aacAudio(words, options);
+}
+
+}  // namespace
+
+Words jobArguments(const Options& options, const JobFiles& files, long long videoBitsPerSecond,
+                   Pass pass, const std::string& passLog) {
+    Words words = {files.ffmpeg, "-hide_banner", "-nostats",  "-progress",
+                   "pipe:1",     "-i",           files.source};
+    switch (options.command) {
+        case Command::Compress:
+            compressOptions(words, options, videoBitsPerSecond, pass, passLog);
+            break;
+        case Command::Mp3:
+            add(words, {"-c:v", "libx265", "-crf", std::to_string(options.compress.crf), "-preset",
+                        options.preset});
+            mp3Audio(words, options);
+            break;
+        case Command::Scale:
+            add(words, {"-c:v", "libx265"});
+            if (options.scaleCrf) add(words, {"-crf", std::to_string(*options.scaleCrf)});
+            add(words, {"-vf", scaleFilter(options.height)});
+            if (options.scaleMp3) mp3Audio(words, options);
+            break;
+        case Command::Fps:
+            add(words, {"-c:v", "libx265", "-filter:v", "fps=" + std::to_string(options.fps),
+                        "-preset", options.preset});
+            aacAudio(words, options);
+            break;
+        case Command::Tags:
+            add(words, {"-map", "0", "-c", "copy"});
+            for (const auto& [key, value] : options.tags) {
+                add(words, {"-metadata", key + "=" + value});
+            }
+            break;
+        case Command::Probe:
+            break;
+    }
+    // The first pass writes nothing; the others write the output, replacing one only when asked
+    // (an existing output was dealt with before: this guards against one made meanwhile).
+    if (pass == Pass::First) {
+        add(words, {"-y", "-"});
+    } else {
+        add(words, {options.existing == ExistingOutput::Overwrite ? "-y" : "-n", files.output});
+    }
+    return words;
+}
+
+Words probeArguments(const std::string& ffprobe, const std::string& source) {
+    return {ffprobe,
+            "-v",
+            "error",
+            "-show_entries",
+            "format=duration:stream=index,codec_type,codec_name,width,height",
+            "-of",
+            "default=noprint_wrappers=1",
+            source};
+}
+
+}  // namespace quillet::cli

@@ -1,0 +1,89 @@
+// quillet-cli: the command-line companion. Compresses, converts and tags videos in batches from a
+// terminal or a script; every path reaches ffmpeg as one argument of its own.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <io.h>
+#include <windows.h>
+// after windows.h, whose types it uses
+#include <shellapi.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "cli/batch.h"
+#include "cli/cli_options.h"
+#include "cli/tool_location.h"
+#include "cli/utf8_paths.h"
+
+namespace {
+
+using namespace quillet::cli;
+
+// The arguments after the program name, as UTF-8.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+#ifdef _WIN32
+    // The narrow arguments have passed through the code page; the wide ones are as they were typed.
+    (void)argc;
+    (void)argv;
+    int count = 0;
+    wchar_t** wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> words;
+    for (int i = 1; wide && i < count; ++i) words.push_back(utf8Of(std::filesystem::path(wide[i])));
+    ::LocalFree(wide);
+    return words;
+#else
+    return {argv + 1, argv + argc};
+#endif
+}
+
+bool isTerminal(std::FILE* stream) {
+#ifdef _WIN32
+    return ::_isatty(::_fileno(stream)) != 0;
+#else
+    return ::isatty(::fileno(stream)) != 0;
+#endif
+}
+
+std::optional<std::filesystem::path> requireTool(const std::string& name) {
+    std::vector<std::string> lookedAt;
+    const auto tool = findTool(name, ownFolder(), lookedAt);
+    if (!tool) {
+        std::fprintf(stderr, "quillet-cli: %s was not found. Looked at:\n", name.c_str());
+        for (const std::string& place : lookedAt) std::fprintf(stderr, "  %s\n", place.c_str());
+        std::fprintf(stderr, "Put %s beside quillet-cli or in a folder of the PATH.\n",
+                     name.c_str());
+    }
+    return tool;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+#ifdef _WIN32
+    ::SetConsoleOutputCP(CP_UTF8);
+#endif
+    StopRequests stops;  // first, before any other thread
+    const Parsed parsed = parseArguments(argumentsOf(argc, argv));
+    if (!parsed.options) {
+        if (!parsed.help.empty()) {
+            std::fputs(parsed.help.c_str(), stdout);
+            return kAllDone;
+        }
+        std::fprintf(stderr, "quillet-cli: %s\nTry quillet-cli --help.\n", parsed.error.c_str());
+        return kBadUsage;
+    }
+    const Options& options = *parsed.options;
+    Tools tools;
+    const auto ffprobe = requireTool("ffprobe");
+    const auto ffmpeg = options.command == Command::Probe ? ffprobe : requireTool("ffmpeg");
+    if (!ffprobe || !ffmpeg) return kSomeFailed;
+    tools.ffprobe = *ffprobe;
+    tools.ffmpeg = *ffmpeg;
+    return runBatch(options, tools, stops, stdout, stderr, isTerminal(stdout));
+}

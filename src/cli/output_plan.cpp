@@ -1,0 +1,86 @@
+#include "cli/output_plan.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+
+#include "app/text_format.h"
+#include "cli/utf8_paths.h"
+
+namespace quillet::cli {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array<std::string_view, 12> kVideoEndings = {
+    ".mp4", ".mkv", ".mov", ".avi", ".m4v", ".wmv", ".webm", ".flv", ".ts", ".mts", ".mpg", ".3gp"};
+
+bool isVideoName(const fs::path& path) {
+    const std::string ending = lowerCaseAscii(path.extension().string());
+    return std::find(kVideoEndings.begin(), kVideoEndings.end(), ending) != kVideoEndings.end();
+}
+
+bool sameFile(const fs::path& a, const fs::path& b) {
+    std::error_code error;
+    return fs::equivalent(a, b, error) && !error;
+}
+
+}  // namespace
+
+std::vector<fs::path> sourcesOf(const std::vector<std::string>& inputs,
+                                std::vector<std::string>& problems) {
+    std::vector<fs::path> sources;
+    for (const std::string& input : inputs) {
+        std::error_code error;
+        const fs::path path = fs::absolute(pathFromUtf8(input), error).lexically_normal();
+        if (!error && fs::is_directory(path, error)) {
+            std::vector<fs::path> found;
+            for (const fs::directory_entry& entry : fs::directory_iterator(path, error)) {
+                std::error_code ignored;
+                if (entry.is_regular_file(ignored) && isVideoName(entry.path())) {
+                    found.push_back(entry.path());
+                }
+            }
+            std::sort(found.begin(), found.end());
+            if (found.empty()) problems.push_back(input + ": no video files in this folder");
+            sources.insert(sources.end(), found.begin(), found.end());
+        } else if (!error && fs::is_regular_file(path, error)) {
+            sources.push_back(path);
+        } else {
+            problems.push_back(input + ": no such file or folder");
+        }
+    }
+    return sources;
+}
+
+OutputPlan planOutput(const fs::path& source, const std::string& outputFolder,
+                      ExistingOutput existing) {
+    const fs::path folder = outputFolder.empty()
+                                ? source.parent_path()
+                                : fs::absolute(pathFromUtf8(outputFolder)).lexically_normal();
+    const fs::path name = pathFromUtf8("Compressed-") += source.filename();
+    OutputPlan plan{OutputPlan::Action::Write, folder / name, {}};
+    std::error_code error;
+    if (!fs::exists(plan.output, error)) return plan;
+    if (sameFile(plan.output, source)) {
+        return {OutputPlan::Action::Refuse, plan.output, "the output would be the source itself"};
+    }
+    switch (existing) {
+        case ExistingOutput::Skip:
+            return {OutputPlan::Action::Skip, plan.output, "the output exists already"};
+        case ExistingOutput::Overwrite:
+            return plan;
+        case ExistingOutput::Rename:
+            for (int number = 2;; ++number) {
+                fs::path renamed = name.stem();
+                renamed += pathFromUtf8(" (" + std::to_string(number) + ")");
+                renamed += name.extension();
+                plan.output = folder / renamed;
+                if (!fs::exists(plan.output, error)) return plan;
+            }
+    }
+    return plan;
+}
+
+}  // namespace quillet::cli

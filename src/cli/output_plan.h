@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "cli/cli_options.h"
+
+namespace quillet::cli {
+
+// The sources that the inputs name, in order: a file as it is, a folder's video files (by their
+// ending, sorted by name, not those of its subfolders). An input that names neither is reported
+// in `problems`, one line each.
+std::vector<std::filesystem::path> sourcesOf(const std::vector<std::string>& inputs,
+                                             std::vector<std::string>& problems);
+
+// What to do about one source's output.
+struct OutputPlan {
+    enum class Action { Write, Skip, Refuse } action = Action::Write;
+    std::filesystem::path output;  // absolute
+    std::string reason;            // for Skip and Refuse
+};
+
+// "Compressed-<name>" beside the source or in `outputFolder`. An existing output is skipped,
+// replaced, or left for the first free "Compressed-<stem> (N)<ending>" (N from 2), as asked; an
+// output that is the source itself, under whatever name, is refused.
+OutputPlan planOutput(const std::filesystem::path& source, const std::string& outputFolder,
+                      ExistingOutput existing);
+
+}  // namespace quillet::cli

@@ -1,0 +1,84 @@
+#include "cli/source_facts.h"
+
+#include "cli/job_progress.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+
+namespace quillet::cli {
+
+namespace {
+
+// The container's own bytes and the encoder's overshoot are kept out of the target: the video
+// aims at this share of what is left beside the audio.
+constexpr double kVideoShare = 0.96;
+// Below this the encoder cannot keep to a rate at all.
+constexpr double kLowestVideoBitsPerSecond = 16000;
+
+std::string megabytes(double bytes) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f MB", bytes / 1048576.0);
+    return text;
+}
+
+}  // namespace
+
+SourceFacts parseProbeAnswer(const std::string& answer) {
+    SourceFacts facts;
+    std::istringstream lines(answer);
+    std::string line;
+    std::string codec;
+    while (std::getline(lines, line)) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const std::size_t equals = line.find('=');
+        if (equals == std::string::npos) continue;
+        const std::string key = line.substr(0, equals);
+        const std::string value = line.substr(equals + 1);
+        if (key == "codec_name") {
+            codec = value;
+        } else if (key == "codec_type") {
+            facts.streams.push_back(value + " " + codec);
+            facts.hasVideo = facts.hasVideo || value == "video";
+            facts.hasAudio = facts.hasAudio || value == "audio";
+        } else if ((key == "width" || key == "height") && facts.hasVideo) {
+            int& size = key == "width" ? facts.width : facts.height;
+            if (size == 0) size = std::atoi(value.c_str());
+        } else if (key == "duration") {
+            char* end = nullptr;
+            const double seconds = std::strtod(value.c_str(), &end);
+            if (end != value.c_str() && *end == '\0' && std::isfinite(seconds) && seconds > 0) {
+                facts.seconds = seconds;
+            }
+        }
+    }
+    return facts;
+}
+
+std::string describeFacts(const SourceFacts& facts) {
+    std::string text = "running time " + (facts.seconds ? clockText(*facts.seconds) : "unknown");
+    if (facts.width > 0 && facts.height > 0) {
+        text += ", picture " + std::to_string(facts.width) + " x " + std::to_string(facts.height);
+    }
+    text += ", streams:";
+    for (std::size_t i = 0; i < facts.streams.size(); ++i) {
+        text += (i == 0 ? " " : ", ") + facts.streams[i];
+    }
+    return text;
+}
+
+TargetRate targetRate(double targetMb, double seconds, int audioKbps, bool hasAudio) {
+    const double targetBits = targetMb * 1048576.0 * 8;
+    const double audioBits = hasAudio ? audioKbps * 1000.0 * seconds : 0;
+    const double videoBitsPerSecond = (targetBits * kVideoShare - audioBits) / seconds;
+    if (videoBitsPerSecond < kLowestVideoBitsPerSecond) {
+        const double neededBits = audioBits + kLowestVideoBitsPerSecond * seconds;
+        return {0, "a target of " + megabytes(targetMb * 1048576.0) + " is too small: the audio (" +
+                       std::to_string(audioKbps) + "k) with the least video needs " +
+                       megabytes(neededBits / 8 / kVideoShare)};
+    }
+    return {std::llround(videoBitsPerSecond), {}};
+}
+
+}  // namespace quillet::cli

@@ -1,0 +1,104 @@
+// The companion as a script uses it: a batch with a broken file among good ones, and a stop
+// in the middle of a job.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+class CliBatch : public ::testing::Test {
+protected:
+    void SetUp() override {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    void makeClip(const std::string& name, int seconds) {
+        const std::string command =
+            "ffmpeg -v error -f lavfi -i testsrc2=size=320x240:rate=25:duration=" +
+            std::to_string(seconds) + " -f lavfi -i sine=duration=" + std::to_string(seconds) +
+            " -c:v libx264 -preset ultrafast -c:a aac -shortest '" + (folder / name).string() + "'";
+        ASSERT_EQ(std::system(command.c_str()), 0);
+    }
+
+    // Starts the companion with its output in a file; gives its process id.
+    pid_t start(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), QUILLET_CLI);
+        std::vector<char*> argv;
+        for (std::string& argument : arguments) argv.push_back(argument.data());
+        argv.push_back(nullptr);
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, 1, report.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                         0644);
+        posix_spawn_file_actions_adddup2(&actions, 1, 2);
+        pid_t pid = 0;
+        EXPECT_EQ(posix_spawn(&pid, QUILLET_CLI, &actions, nullptr, argv.data(), environ), 0);
+        posix_spawn_file_actions_destroy(&actions);
+        return pid;
+    }
+    int exitStatus(pid_t pid) {
+        int status = 0;
+        waitpid(pid, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::string reported() const {
+        std::ostringstream text;
+        text << std::ifstream(report).rdbuf();
+        return text.str();
+    }
+
+    const fs::path folder = fs::temp_directory_path() / "quillet-cli-batch";
+    const fs::path report = fs::temp_directory_path() / "quillet-cli-batch.txt";
+};
+
+TEST_F(CliBatch, ABrokenFileFailsAloneAndTheRestIsDone) {
+    makeClip("one.mp4", 1);
+    makeClip("two -y.mp4", 1);
+    std::ofstream(folder / "broken.mp4") << "not a video";
+    EXPECT_EQ(exitStatus(start({"compress", "--crf", "40", folder.string()})), 1);
+    EXPECT_TRUE(fs::file_size(folder / "Compressed-one.mp4") > 0);
+    EXPECT_TRUE(fs::file_size(folder / "Compressed-two -y.mp4") > 0);
+    EXPECT_FALSE(fs::exists(folder / "Compressed-broken.mp4"));
+    const std::string text = reported();
+    EXPECT_NE(text.find("failed: " + (folder / "broken.mp4").string()), std::string::npos) << text;
+    EXPECT_NE(text.find("2 done, 0 skipped, 1 failed"), std::string::npos) << text;
+    // Again: both outputs exist, so both are skipped.
+    EXPECT_EQ(exitStatus(start(
+                  {"compress", (folder / "one.mp4").string(), (folder / "two -y.mp4").string()})),
+              0);
+    EXPECT_NE(reported().find("0 done, 2 skipped, 0 failed"), std::string::npos) << reported();
+}
+
+TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
+    makeClip("long.mp4", 40);
+    const pid_t cli = start({"compress", "--json", "--preset", "slow", folder.string()});
+    const auto deadline = std::chrono::steady_clock::now() + 30s;
+    while (reported().find("\"progress\"") == std::string::npos &&
+           std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(50ms);
+    }
+    ASSERT_NE(reported().find("\"progress\""), std::string::npos) << reported();
+    kill(cli, SIGINT);
+    EXPECT_EQ(exitStatus(cli), 130);
+    EXPECT_FALSE(fs::exists(folder / "Compressed-long.mp4"));
+    EXPECT_NE(reported().find("\"status\":\"stopped\""), std::string::npos) << reported();
+    // No ffmpeg is left writing the output (the brackets keep the shell's own line from matching).
+    const std::string running = "pgrep -f '" + folder.string() + "/[C]ompressed-long.mp4'";
+    EXPECT_NE(std::system(running.c_str()), 0);
+}
+
+}  // namespace

@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "cli/cli_options.h"
+#include "cli/job_arguments.h"
+#include "cli/job_progress.h"
+#include "cli/output_plan.h"
+#include "cli/source_facts.h"
+
+namespace quillet::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+Options parsed(const Words& arguments) {
+    const Parsed result = parseArguments(arguments);
+    EXPECT_TRUE(result.options) << result.error;
+    return result.options.value_or(Options{});
+}
+
+TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
+    const std::pair<Words, std::string> cases[] = {
+        {{"shrink", "a.mp4"}, "unknown command \"shrink\""},
+        {{"compress"}, "no input given"},
+        {{"compress", "--method", "tfs", "a.mp4"}, "--method tfs needs --target-mb"},
+        {{"compress", "--crf", "52", "a.mp4"},
+         "--crf takes a whole number from 0 to 51, not \"52\""},
+        {{"compress", "--bitrate", "fast", "a.mp4"},
+         "--bitrate takes a rate such as 900k or 1.5M, not \"fast\""},
+        {{"compress", "a.mp4", "--preset"}, "--preset needs a value"},
+        {{"scale", "--height", "1080", "a.mp4"}, "--height takes 240, 360, 480 or 720"},
+        {{"tags", "--tag", "=x", "a.mp4"}, "--tag takes KEY=VALUE, not \"=x\""},
+        {{"fps", "a.mp4"}, "fps needs --fps"},
+        {{"compress", "--bogus", "a.mp4"}, "unknown option --bogus"},
+    };
+    for (const auto& [arguments, error] : cases) EXPECT_EQ(parseArguments(arguments).error, error);
+    EXPECT_NE(parseArguments({}).help.find("Examples:"), std::string::npos);
+    EXPECT_NE(parseArguments({"probe", "--help"}).help.find("Usage:"), std::string::npos);
+    // After "--" a name that starts with "-" is an input.
+    EXPECT_EQ(parsed({"compress", "--", "-y.mp4", "--json"}).inputs, (Words{"-y.mp4", "--json"}));
+}
+
+TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
+    const JobFiles files{"/t/ffmpeg", "/v/a b.mp4", "/v/Compressed-a b.mp4"};
+    const Words head = {"/t/ffmpeg", "-hide_banner", "-nostats",  "-progress",
+                        "pipe:1",    "-i",           "/v/a b.mp4"};
+    const auto expect = [&](const Words& arguments, const Words& middle, long long rate = 0,
+                            Pass pass = Pass::Only) {
+        Words whole = head;
+        whole.insert(whole.end(), middle.begin(), middle.end());
+        EXPECT_EQ(jobArguments(parsed(arguments), files, rate, pass), whole);
+    };
+    const Words aac = {"-c:a", "aac", "-b:a", "160k", "-ar", "44100"};
+    expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
+           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-c:a", "aac", "-b:a",
+            "160k", "-ar", "44100", "-n", files.output},
+           700000);
+    expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
+           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-x265-params",
+            "pass=1:stats=passlog", "-an", "-f", "null", "-y", "-"},
+           700000, Pass::First);
+    expect({"compress", "--crf", "24", "--preset", "slow", "--overwrite", "x"},
+           {"-c:v", "libx265", "-crf", "24", "-preset", "slow", "-c:a", "aac", "-b:a", "160k",
+            "-ar", "44100", "-y", files.output});
+    expect({"compress", "--method", "abr", "--bitrate", "1.5M", "--sample-rate", "48000", "x"},
+           {"-c:v", "libx265",  "-preset", "veryfast", "-b:v", "1.5M",      "-minrate",
+            "1.1M", "-maxrate", "2.0M",    "-bufsize", "1.1M", "-c:a",      "aac",
+            "-b:a", "160k",     "-ar",     "48000",    "-n",   files.output});
+    expect({"compress", "--method", "qp", "--qp", "30", "--lookahead", "10", "x"},
+           {"-c:v", "libx265", "-x265-params", "qp=30:rc-lookahead=10", "-preset", "veryfast",
+            "-c:a", "aac", "-b:a", "160k", "-ar", "44100", "-n", files.output});
+    expect({"mp3", "--quality", "2", "x"},
+           {"-c:v", "libx265", "-crf", "20", "-preset", "veryfast", "-codec:a", "libmp3lame",
+            "-qscale:a", "2", "-ar", "44100", "-n", files.output});
+    expect({"scale", "--height", "720", "--crf", "30", "--mp3", "7", "x"},
+           {"-c:v", "libx265", "-crf", "30", "-vf", "scale=1280:720,setsar=1:1", "-codec:a",
+            "libmp3lame", "-qscale:a", "7", "-ar", "44100", "-n", files.output});
+    expect({"fps", "--fps", "24", "x"},
+           {"-c:v", "libx265", "-filter:v", "fps=24", "-preset", "veryfast", "-c:a", "aac", "-b:a",
+            "160k", "-ar", "44100", "-n", files.output});
+    expect({"tags", "--tag", "title=A \"b\" c", "--tag", "year=2026", "x"},
+           {"-map", "0", "-c", "copy", "-metadata", "title=A \"b\" c", "-metadata", "year=2026",
+            "-n", files.output});
+}
+
+TEST(OutputPlan, ExistingOutputsAreSkippedReplacedOrRenamedAndTheSourceIsNeverWritten) {
+    const fs::path folder = fs::temp_directory_path() / "quillet-cli-plan";
+    fs::remove_all(folder);
+    fs::create_directories(folder / "out");
+    const fs::path source = folder / "clip é.mp4";
+    std::ofstream(source) << "x";
+    EXPECT_EQ(planOutput(source, "", ExistingOutput::Skip).output,
+              folder / "Compressed-clip é.mp4");
+    std::ofstream(folder / "Compressed-clip é.mp4") << "y";
+    std::ofstream(folder / "Compressed-clip é (2).mp4") << "y";
+    EXPECT_EQ(planOutput(source, "", ExistingOutput::Skip).action, OutputPlan::Action::Skip);
+    EXPECT_EQ(planOutput(source, "", ExistingOutput::Overwrite).action, OutputPlan::Action::Write);
+    EXPECT_EQ(planOutput(source, "", ExistingOutput::Rename).output,
+              folder / "Compressed-clip é (3).mp4");
+    // An output folder whose output is the source under another name.
+    fs::create_hard_link(source, folder / "out" / "Compressed-clip é.mp4");
+    EXPECT_EQ(planOutput(source, (folder / "out").string(), ExistingOutput::Overwrite).action,
+              OutputPlan::Action::Refuse);
+    std::vector<std::string> problems;
+    EXPECT_EQ(sourcesOf({(folder / "out").string(), (folder / "none.mp4").string()}, problems),
+              std::vector<fs::path>{folder / "out" / "Compressed-clip é.mp4"});
+    EXPECT_EQ(problems.size(), 1u);
+    fs::remove_all(folder);
+}
+
+TEST(JobProgress, ProgressLinesGiveTheLineTheJsonAndTheEstimate) {
+    Progress progress;
+    for (const char* line : {"frame=50", "out_time_us=5000000", "total_size=1048576", "speed=2.5x",
+                             "bitrate= 12.0kbits/s"}) {
+        EXPECT_FALSE(readProgressLine(line, progress)) << line;
+    }
+    EXPECT_TRUE(readProgressLine("progress=continue\r", progress));
+    EXPECT_FALSE(progress.ended);
+    const JobView job{"a \"b\".mp4", 20.0, progress};
+    EXPECT_EQ(terminalLine(job),
+              "a \"b\".mp4  25.0%  0:00:05  2.50x  1.0 MB  left 0:00:06  about 4.0 MB");
+    EXPECT_EQ(jsonUpdate(job),
+              R"({"event":"progress","source":"a \"b\".mp4","encoded_seconds":5.000,)"
+              R"("bytes_written":1048576,"percent":25.00,"speed":2.500})");
+    EXPECT_EQ(jsonString("line\nbreak\\"), R"("line\u000abreak\\")");
+}
+
+TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
+    const SourceFacts facts = parseProbeAnswer(
+        "index=0\r\ncodec_name=h264\r\ncodec_type=video\r\nwidth=1920\r\nheight=1080\r\n"
+        "index=1\ncodec_name=aac\ncodec_type=audio\nduration=65.5\n");
+    EXPECT_EQ(describeFacts(facts),
+              "running time 0:01:05, picture 1920 x 1080, streams: video h264, audio aac");
+    EXPECT_FALSE(parseProbeAnswer("duration=N/A\n").seconds);
+    // 10 MB over 100 s leaves 0.96 x 838,861 - 160,000 bit/s for the picture.
+    EXPECT_EQ(targetRate(10, 100, 160, true).videoBitsPerSecond, 645306);
+    EXPECT_EQ(targetRate(10, 100, 160, false).videoBitsPerSecond, 805306);
+    EXPECT_EQ(targetRate(1, 100, 160, true).refusal,
+              "a target of 1.00 MB is too small: the audio (160k) with the least video needs "
+              "2.19 MB");
+}
+
+}  // namespace
+}  // namespace quillet::cli
