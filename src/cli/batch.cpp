@@ -49,6 +49,9 @@ public:
         end.output = utf8Of(plan.output);
         if (plan.action == OutputPlan::Action::Skip) return skipped(end, plan.reason);
         if (plan.action == OutputPlan::Action::Refuse) return failed(end, plan.reason);
+        std::error_code error;
+        fs::create_directories(plan.output.parent_path(), error);
+        if (error) return failed(end, "the output folder cannot be made: " + error.message());
 
         long long videoRate = 0;
         const bool targetSize =

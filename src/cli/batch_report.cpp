@@ -1,5 +1,7 @@
 #include "cli/batch_report.h"
 
+#include <cmath>
+
 namespace quillet::cli {
 
 void BatchReport::clearLine() {
@@ -45,7 +47,8 @@ void BatchReport::problem(const std::string& text) {
 
 void BatchReport::summary(bool inputProblems) {
     clearLine();
-    const double saved = static_cast<double>(bytesSaved_) / 1048576.0;
+    double saved = static_cast<double>(bytesSaved_) / 1048576.0;
+    if (std::fabs(saved) < 0.05) saved = 0;  // never "-0.0"
     if (json_) {
         std::fprintf(out_,
                      "{\"event\":\"summary\",\"done\":%d,\"skipped\":%d,\"failed\":%d,"

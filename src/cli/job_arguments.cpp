@@ -71,8 +71,9 @@ void compressOptions(Words& words, const Options& options, long long videoBitsPe
 
 Words jobArguments(const Options& options, const JobFiles& files, long long videoBitsPerSecond,
                    Pass pass, const std::string& passLog) {
-    Words words = {files.ffmpeg, "-hide_banner", "-nostats",  "-progress",
-                   "pipe:1",     "-i",           files.source};
+    // Warnings and errors only, so that the last lines of a failed run say why.
+    Words words = {files.ffmpeg, "-hide_banner", "-v", "warning",   "-nostats",
+                   "-progress",  "pipe:1",       "-i", files.source};
     switch (options.command) {
         case Command::Compress:
             compressOptions(words, options, videoBitsPerSecond, pass, passLog);

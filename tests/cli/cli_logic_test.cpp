@@ -45,8 +45,8 @@ TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
 
 TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
     const JobFiles files{"/t/ffmpeg", "/v/a b.mp4", "/v/Compressed-a b.mp4"};
-    const Words head = {"/t/ffmpeg", "-hide_banner", "-nostats",  "-progress",
-                        "pipe:1",    "-i",           "/v/a b.mp4"};
+    const Words head = {"/t/ffmpeg", "-hide_banner", "-v", "warning",   "-nostats",
+                        "-progress", "pipe:1",       "-i", "/v/a b.mp4"};
     const auto expect = [&](const Words& arguments, const Words& middle, long long rate = 0,
                             Pass pass = Pass::Only) {
         Words whole = head;
