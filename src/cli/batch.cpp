@@ -1,5 +1,6 @@
 #include "cli/batch.h"
 
+#include <cmath>
 #include <random>
 #include <system_error>
 
@@ -15,6 +16,11 @@ namespace quillet::cli {
 namespace fs = std::filesystem;
 
 namespace {
+
+// A two-pass target size lands between these shares of the target; a correcting run aims at the
+// middle.
+constexpr double kLowestShareOfTarget = 0.98;
+constexpr double kAimedShareOfTarget = 0.99;
 
 long long fileSize(const fs::path& path) {
     std::error_code error;
@@ -58,8 +64,10 @@ public:
             options_.command == Command::Compress && options_.compress.method == Method::TargetSize;
         if (targetSize) {
             if (!facts.seconds) return failed(end, "the running time is unknown");
-            const TargetRate rate = targetRate(*options_.compress.targetMb, *facts.seconds,
-                                               options_.audioKbps, facts.hasAudio);
+            const double audioBits =
+                facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0;
+            const TargetRate rate =
+                targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
             if (!rate.refusal.empty()) return failed(end, rate.refusal);
             videoRate = rate.videoBitsPerSecond;
         }
@@ -71,7 +79,7 @@ public:
         };
         RunOutcome outcome;
         if (targetSize && options_.compress.twoPass) {
-            outcome = twoPasses(files, videoRate, show);
+            outcome = twoPasses(files, videoRate, facts, show);
         } else {
             outcome = runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)},
                               {}, stops_, show);
@@ -92,22 +100,57 @@ public:
     }
 
 private:
+    // The first pass at the rate the audio's nominal size leaves, the second at the rate its
+    // measured size leaves. The statistics and the audio live in a folder of their own, gone
+    // afterwards.
     template <class Show>
-    RunOutcome twoPasses(const JobFiles& files, long long videoRate, const Show& show) {
-        // The statistics of the first pass live in a folder of their own, gone afterwards.
+    RunOutcome twoPasses(const JobFiles& files, long long firstRate, const SourceFacts& facts,
+                         const Show& show) {
         std::error_code error;
         const fs::path folder = fs::temp_directory_path(error) /
                                 ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
         fs::create_directories(folder, error);
+        const bool audio = facts.hasAudio;
         RunOutcome outcome = runTool(
-            ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate, Pass::First)},
+            ProgramCall{files.ffmpeg, firstPassArguments(options_, files, firstRate, audio)},
             utf8Of(folder), stops_, show);
         if (outcome.succeeded() && !stops_.requested()) {
-            outcome = runTool(
-                ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate, Pass::Second)},
-                utf8Of(folder), stops_, show);
+            const double audioBits = audio ? fileSize(folder / kPassAudio) * 8.0 : 0;
+            const TargetRate rate =
+                targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
+            if (rate.refusal.empty()) {
+                outcome = secondPasses(files, rate.videoBitsPerSecond, audioBits, folder, show);
+            } else {
+                outcome.exitCode = -1;
+                outcome.lastLines = {rate.refusal};
+            }
         }
         fs::remove_all(folder, error);
+        return outcome;
+    }
+
+    // The second pass, run again (at most twice, on the same statistics) at a rate corrected by
+    // how far the output missed, while it is over the target or more than 2% under it.
+    template <class Show>
+    RunOutcome secondPasses(const JobFiles& files, long long rate, double audioBits,
+                            const fs::path& folder, const Show& show) {
+        const double targetBytes = *options_.compress.targetMb * 1048576.0;
+        Options again = options_;
+        RunOutcome outcome;
+        for (int run = 0; run < 3; ++run) {
+            const bool audio = audioBits > 0;
+            outcome =
+                runTool(ProgramCall{files.ffmpeg, secondPassArguments(again, files, rate, audio)},
+                        utf8Of(folder), stops_, show);
+            if (!outcome.succeeded() || stops_.requested()) break;
+            const auto bytes = static_cast<double>(fileSize(files.output));
+            if (bytes <= targetBytes && bytes >= targetBytes * kLowestShareOfTarget) break;
+            const double videoBits = bytes * 8 - audioBits;
+            if (videoBits <= 0) break;
+            rate = std::llround(rate * (targetBytes * kAimedShareOfTarget * 8 - audioBits) /
+                                videoBits);
+            again.existing = ExistingOutput::Overwrite;  // the output is this job's own now
+        }
         return outcome;
     }
 

@@ -33,21 +33,39 @@ std::string scaleFilter(int height) {
     return "scale=" + std::to_string(width) + ":" + std::to_string(height) + ",setsar=1:1";
 }
 
-void compressOptions(Words& words, const Options& options, long long videoBitsPerSecond, Pass pass,
-                     const std::string& passLog) {
+// The head of every run: warnings and errors only, so that the last lines of a failed run say
+// why, and the progress as key=value lines.
+Words runHead(const JobFiles& files) {
+    return {files.ffmpeg, "-hide_banner", "-v", "warning",   "-nostats",
+            "-progress",  "pipe:1",       "-i", files.source};
+}
+
+// The output, replacing an existing one only when asked (an existing output was dealt with
+// before: this guards against one made meanwhile).
+void output(Words& words, const Options& options, const JobFiles& files) {
+    add(words, {options.existing == ExistingOutput::Overwrite ? "-y" : "-n", files.output});
+}
+
+void targetSizeVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
+    add(words,
+        {"-c:v", "libx265", "-preset", options.preset, "-b:v", std::to_string(videoBitsPerSecond)});
+}
+
+void passStatistics(Words& words, int pass) {
+    add(words, {"-x265-params",
+                "pass=" + std::to_string(pass) + ":stats=" + std::string(kPassStatistics)});
+}
+
+void compressOptions(Words& words, const Options& options, long long videoBitsPerSecond) {
     const CompressSettings& compress = options.compress;
+    if (compress.method == Method::TargetSize) {
+        targetSizeVideo(words, options, videoBitsPerSecond);
+        aacAudio(words, options);
+        return;
+    }
     add(words, {"-c:v", "libx265"});
     switch (compress.method) {
         case Method::TargetSize:
-            add(words, {"-preset", options.preset, "-b:v", std::to_string(videoBitsPerSecond)});
-            if (pass != Pass::Only) {
-                const std::string number = pass == Pass::First ? "1" : "2";
-                add(words, {"-x265-params", "pass=" + number + ":stats=" + passLog});
-            }
-            if (pass == Pass::First) {
-                add(words, {"-an", "-f", "null"});
-                return;
-            }
             break;
         case Method::Crf:
             add(words, {"-crf", std::to_string(compress.crf), "-preset", options.preset});
@@ -69,14 +87,11 @@ void compressOptions(Words& words, const Options& options, long long videoBitsPe
 
 }  // namespace
 
-Words jobArguments(const Options& options, const JobFiles& files, long long videoBitsPerSecond,
-                   Pass pass, const std::string& passLog) {
-    // Warnings and errors only, so that the last lines of a failed run say why.
-    Words words = {files.ffmpeg, "-hide_banner", "-v", "warning",   "-nostats",
-                   "-progress",  "pipe:1",       "-i", files.source};
+Words jobArguments(const Options& options, const JobFiles& files, long long videoBitsPerSecond) {
+    Words words = runHead(files);
     switch (options.command) {
         case Command::Compress:
-            compressOptions(words, options, videoBitsPerSecond, pass, passLog);
+            compressOptions(words, options, videoBitsPerSecond);
             break;
         case Command::Mp3:
             add(words, {"-c:v", "libx265", "-crf", std::to_string(options.compress.crf), "-preset",
@@ -103,13 +118,33 @@ Words jobArguments(const Options& options, const JobFiles& files, long long vide
         case Command::Probe:
             break;
     }
-    // The first pass writes nothing; the others write the output, replacing one only when asked
-    // (an existing output was dealt with before: this guards against one made meanwhile).
-    if (pass == Pass::First) {
-        add(words, {"-y", "-"});
-    } else {
-        add(words, {options.existing == ExistingOutput::Overwrite ? "-y" : "-n", files.output});
+    output(words, options, files);
+    return words;
+}
+
+Words firstPassArguments(const Options& options, const JobFiles& files,
+                         long long videoBitsPerSecond, bool withAudio) {
+    Words words = runHead(files);
+    add(words, {"-map", "0:v:0"});
+    targetSizeVideo(words, options, videoBitsPerSecond);
+    passStatistics(words, 1);
+    add(words, {"-f", "null", "-"});
+    if (withAudio) {
+        add(words, {"-map", "0:a:0", "-vn"});
+        aacAudio(words, options);
+        add(words, {"-y", kPassAudio});
     }
+    return words;
+}
+
+Words secondPassArguments(const Options& options, const JobFiles& files,
+                          long long videoBitsPerSecond, bool withAudio) {
+    Words words = runHead(files);
+    if (withAudio) add(words, {"-i", kPassAudio, "-map", "0:v:0", "-map", "1:a:0"});
+    targetSizeVideo(words, options, videoBitsPerSecond);
+    passStatistics(words, 2);
+    if (withAudio) add(words, {"-c:a", "copy"});
+    output(words, options, files);
     return words;
 }
 

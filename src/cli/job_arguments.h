@@ -15,17 +15,25 @@ struct JobFiles {
     std::string output;
 };
 
-// Which run of a job: the only one, or one of the two passes of a two-pass target size. The
-// passes share a statistics file named `passLog`, relative to the folder ffmpeg works in (an
-// absolute one could hold a drive's ":", which libx265 reads as the end of the option).
-enum class Pass { Only, First, Second };
-
 // The arguments of one ffmpeg run, ffmpeg's path first: the job's options as the program's windows
 // use them, ffmpeg's progress as key=value lines on standard output, and the output last. Every
 // value is one argument, never a piece of a line. `videoBitsPerSecond`: the target-size rate.
 std::vector<std::string> jobArguments(const Options& options, const JobFiles& files,
-                                      long long videoBitsPerSecond = 0, Pass pass = Pass::Only,
-                                      const std::string& passLog = "passlog");
+                                      long long videoBitsPerSecond = 0);
+
+// The two passes of a target size share a folder to work in (the statistics file's name must be
+// relative: a drive's ":" would end libx265's option early) holding these two files.
+inline constexpr const char* kPassStatistics = "passlog";
+inline constexpr const char* kPassAudio = "audio.m4a";
+
+// The first pass: the picture analysed into the statistics, nothing written, and the audio (when
+// there is some) encoded into kPassAudio, so that the second pass knows its true size.
+std::vector<std::string> firstPassArguments(const Options& options, const JobFiles& files,
+                                            long long videoBitsPerSecond, bool withAudio);
+
+// The second pass: the picture at the rate the measured audio leaves, with that audio copied in.
+std::vector<std::string> secondPassArguments(const Options& options, const JobFiles& files,
+                                             long long videoBitsPerSecond, bool withAudio);
 
 // The ffprobe arguments that ask for the running time, the picture size and the streams, one
 // key=value a line.

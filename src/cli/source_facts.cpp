@@ -13,7 +13,7 @@ namespace {
 
 // The container's own bytes and the encoder's overshoot are kept out of the target: the video
 // aims at this share of what is left beside the audio.
-constexpr double kVideoShare = 0.96;
+constexpr double kVideoShare = 0.99;
 // Below this the encoder cannot keep to a rate at all.
 constexpr double kLowestVideoBitsPerSecond = 16000;
 
@@ -68,17 +68,20 @@ std::string describeFacts(const SourceFacts& facts) {
     return text;
 }
 
-TargetRate targetRate(double targetMb, double seconds, int audioKbps, bool hasAudio) {
+TargetRate targetRate(double targetMb, double seconds, double audioBits) {
     const double targetBits = targetMb * 1048576.0 * 8;
-    const double audioBits = hasAudio ? audioKbps * 1000.0 * seconds : 0;
     const double videoBitsPerSecond = (targetBits * kVideoShare - audioBits) / seconds;
     if (videoBitsPerSecond < kLowestVideoBitsPerSecond) {
         const double neededBits = audioBits + kLowestVideoBitsPerSecond * seconds;
-        return {0, "a target of " + megabytes(targetMb * 1048576.0) + " is too small: the audio (" +
-                       std::to_string(audioKbps) + "k) with the least video needs " +
+        return {0, "a target of " + megabytes(targetMb * 1048576.0) +
+                       " is too small: the audio with the least video needs " +
                        megabytes(neededBits / 8 / kVideoShare)};
     }
     return {std::llround(videoBitsPerSecond), {}};
+}
+
+double audioBitsAt(int kbps, double seconds) {
+    return kbps * 1000.0 * seconds;
 }
 
 }  // namespace quillet::cli

@@ -21,11 +21,14 @@ SourceFacts parseProbeAnswer(const std::string& answer);
 std::string describeFacts(const SourceFacts& facts);
 
 // The video rate that lands a source of `seconds` on `targetMb` (1 MB = 1,048,576 bytes) beside
-// its audio, or why the target cannot be met.
+// `audioBits` of audio, or why the target cannot be met.
 struct TargetRate {
     long long videoBitsPerSecond = 0;
     std::string refusal;  // empty when the rate can be used
 };
-TargetRate targetRate(double targetMb, double seconds, int audioKbps, bool hasAudio);
+TargetRate targetRate(double targetMb, double seconds, double audioBits);
+
+// What audio at `kbps` kbit/s (of 1,000 bits, as ffmpeg counts them) takes over `seconds`, at most.
+double audioBitsAt(int kbps, double seconds);
 
 }  // namespace quillet::cli

@@ -83,6 +83,16 @@ TEST_F(CliBatch, ABrokenFileFailsAloneAndTheRestIsDone) {
     EXPECT_NE(reported().find("0 done, 2 skipped, 0 failed"), std::string::npos) << reported();
 }
 
+TEST_F(CliBatch, ATargetTheAudioAloneExceedsIsRefusedBeforeFfmpegRuns) {
+    makeClip("one.mp4", 2);
+    EXPECT_EQ(exitStatus(start({"compress", "--method", "tfs", "--target-mb", "0.01",
+                                (folder / "one.mp4").string()})),
+              1);
+    EXPECT_NE(reported().find("too small: the audio with the least video needs"), std::string::npos)
+        << reported();
+    EXPECT_FALSE(fs::exists(folder / "Compressed-one.mp4"));
+}
+
 TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
     makeClip("long.mp4", 40);
     const pid_t cli = start({"compress", "--json", "--preset", "slow", folder.string()});

@@ -47,21 +47,33 @@ TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
     const JobFiles files{"/t/ffmpeg", "/v/a b.mp4", "/v/Compressed-a b.mp4"};
     const Words head = {"/t/ffmpeg", "-hide_banner", "-v", "warning",   "-nostats",
                         "-progress", "pipe:1",       "-i", "/v/a b.mp4"};
-    const auto expect = [&](const Words& arguments, const Words& middle, long long rate = 0,
-                            Pass pass = Pass::Only) {
+    const auto withHead = [&](const Words& rest) {
         Words whole = head;
-        whole.insert(whole.end(), middle.begin(), middle.end());
-        EXPECT_EQ(jobArguments(parsed(arguments), files, rate, pass), whole);
+        whole.insert(whole.end(), rest.begin(), rest.end());
+        return whole;
     };
-    const Words aac = {"-c:a", "aac", "-b:a", "160k", "-ar", "44100"};
+    const auto expect = [&](const Words& arguments, const Words& rest, long long rate = 0) {
+        EXPECT_EQ(jobArguments(parsed(arguments), files, rate), withHead(rest));
+    };
     expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
            {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-c:a", "aac", "-b:a",
             "160k", "-ar", "44100", "-n", files.output},
            700000);
-    expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
-           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-x265-params",
-            "pass=1:stats=passlog", "-an", "-f", "null", "-y", "-"},
-           700000, Pass::First);
+    // Two passes: the audio is encoded by the first, measured, and copied by the second.
+    const Options tfs = parsed({"compress", "--method", "tfs", "--target-mb", "50", "x"});
+    EXPECT_EQ(firstPassArguments(tfs, files, 700000, true),
+              withHead({"-map",     "0:v:0", "-c:v",   "libx265",      "-preset",
+                        "veryfast", "-b:v",  "700000", "-x265-params", "pass=1:stats=passlog",
+                        "-f",       "null",  "-",      "-map",         "0:a:0",
+                        "-vn",      "-c:a",  "aac",    "-b:a",         "160k",
+                        "-ar",      "44100", "-y",     "audio.m4a"}));
+    EXPECT_EQ(secondPassArguments(tfs, files, 650000, true),
+              withHead({"-i", "audio.m4a", "-map", "0:v:0", "-map", "1:a:0", "-c:v", "libx265",
+                        "-preset", "veryfast", "-b:v", "650000", "-x265-params",
+                        "pass=2:stats=passlog", "-c:a", "copy", "-n", files.output}));
+    EXPECT_EQ(secondPassArguments(tfs, files, 650000, false),
+              withHead({"-c:v", "libx265", "-preset", "veryfast", "-b:v", "650000", "-x265-params",
+                        "pass=2:stats=passlog", "-n", files.output}));
     expect({"compress", "--crf", "24", "--preset", "slow", "--overwrite", "x"},
            {"-c:v", "libx265", "-crf", "24", "-preset", "slow", "-c:a", "aac", "-b:a", "160k",
             "-ar", "44100", "-y", files.output});
@@ -135,12 +147,12 @@ TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
     EXPECT_EQ(describeFacts(facts),
               "running time 0:01:05, picture 1920 x 1080, streams: video h264, audio aac");
     EXPECT_FALSE(parseProbeAnswer("duration=N/A\n").seconds);
-    // 10 MB over 100 s leaves 0.96 x 838,861 - 160,000 bit/s for the picture.
-    EXPECT_EQ(targetRate(10, 100, 160, true).videoBitsPerSecond, 645306);
-    EXPECT_EQ(targetRate(10, 100, 160, false).videoBitsPerSecond, 805306);
-    EXPECT_EQ(targetRate(1, 100, 160, true).refusal,
-              "a target of 1.00 MB is too small: the audio (160k) with the least video needs "
-              "2.19 MB");
+    // 10 MB over 100 s leaves 0.99 x 838,861 bit/s beside 160 kbit/s of audio for the picture.
+    const double audio = audioBitsAt(160, 100);
+    EXPECT_EQ(targetRate(10, 100, audio).videoBitsPerSecond, 670472);
+    EXPECT_EQ(targetRate(10, 100, 0).videoBitsPerSecond, 830472);
+    EXPECT_EQ(targetRate(1, 100, audio).refusal,
+              "a target of 1.00 MB is too small: the audio with the least video needs 2.12 MB");
 }
 
 }  // namespace
