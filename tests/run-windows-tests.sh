@@ -12,6 +12,7 @@ wineserver=/usr/lib/wine/wineserver
 cmake -S "$top" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$top/cmake/mingw-w64.cmake" \
     -DCMAKE_BUILD_TYPE=Release -DQUILLET_UI=OFF -DCMAKE_CROSSCOMPILING_EMULATOR=$wine >/dev/null
 cmake --build "$build"
+echo "Windows build of the logic, its tests and quillet-cli.exe: done"
 
 export WINEPREFIX=$build/wine WINEDEBUG=-all
 # A new prefix goes on being set up after wineboot returns, and slows whatever runs meanwhile: its
