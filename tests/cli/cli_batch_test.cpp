@@ -24,7 +24,10 @@ protected:
         fs::remove_all(folder);
         fs::create_directories(folder);
     }
-    void TearDown() override { fs::remove_all(folder); }
+    void TearDown() override {
+        fs::remove_all(folder);
+        fs::remove(report);
+    }
 
     void makeClip(const std::string& name, int seconds) {
         const std::string command =
@@ -61,8 +64,10 @@ protected:
         return text.str();
     }
 
-    const fs::path folder = fs::temp_directory_path() / "quillet-cli-batch";
-    const fs::path report = fs::temp_directory_path() / "quillet-cli-batch.txt";
+    // A folder and a report per test, as the tests run side by side.
+    const std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    const fs::path folder = fs::temp_directory_path() / ("quillet-cli-" + name);
+    const fs::path report = fs::temp_directory_path() / ("quillet-cli-" + name + ".txt");
 };
 
 TEST_F(CliBatch, ABrokenFileFailsAloneAndTheRestIsDone) {
