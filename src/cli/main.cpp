@@ -5,13 +5,7 @@
 #include <vector>
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
 #include <io.h>
-#include <windows.h>
-// after windows.h, whose types it uses
-#include <shellapi.h>
 #else
 #include <unistd.h>
 #endif
@@ -19,27 +13,18 @@
 #include "cli/batch.h"
 #include "cli/cli_options.h"
 #include "cli/tool_location.h"
-#include "cli/utf8_paths.h"
+#include "tools/utf8_arguments.h"
+#include "tools/windows_api.h"
 
 namespace {
 
 using namespace quillet::cli;
 
-// The arguments after the program name, as UTF-8.
-std::vector<std::string> argumentsOf(int argc, char** argv) {
-#ifdef _WIN32
-    // The narrow arguments have passed through the code page; the wide ones are as they were typed.
-    (void)argc;
-    (void)argv;
-    int count = 0;
-    wchar_t** wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-    std::vector<std::string> words;
-    for (int i = 1; wide && i < count; ++i) words.push_back(utf8Of(std::filesystem::path(wide[i])));
-    ::LocalFree(wide);
+// The arguments after the program name.
+std::vector<std::string> programArguments(int argc, char** argv) {
+    std::vector<std::string> words = quillet::utf8Arguments(argc, argv);
+    if (!words.empty()) words.erase(words.begin());
     return words;
-#else
-    return {argv + 1, argv + argc};
-#endif
 }
 
 bool isTerminal(std::FILE* stream) {
@@ -69,7 +54,7 @@ int main(int argc, char** argv) {
     ::SetConsoleOutputCP(CP_UTF8);
 #endif
     StopRequests stops;  // first, before any other thread
-    const Parsed parsed = parseArguments(argumentsOf(argc, argv));
+    const Parsed parsed = parseArguments(programArguments(argc, argv));
     if (!parsed.options) {
         if (!parsed.help.empty()) {
             std::fputs(parsed.help.c_str(), stdout);

@@ -3,10 +3,7 @@
 #include <chrono>
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "tools/windows_api.h"
 #else
 #include <signal.h>
 #endif

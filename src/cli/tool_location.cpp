@@ -4,10 +4,7 @@
 #include <system_error>
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "tools/windows_api.h"
 #else
 #include <unistd.h>
 #endif

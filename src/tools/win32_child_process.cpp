@@ -3,10 +3,7 @@
 // child belongs to one job of this program, so that it dies with the program.
 #ifdef _WIN32
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "tools/windows_api.h"
 
 #include <mutex>
 #include <utility>

@@ -1,10 +1,7 @@
 #pragma once
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
+#include "tools/windows_api.h"
 // after windows.h, whose types it uses
 #include <tlhelp32.h>
 #else

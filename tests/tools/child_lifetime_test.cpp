@@ -3,11 +3,7 @@
 #include <gtest/gtest.h>
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
 #include <process.h>
-#include <windows.h>
 #else
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -27,6 +23,7 @@
 
 #include "children_left.h"
 #include "tools/command_words.h"
+#include "tools/windows_api.h"
 
 namespace quillet {
 namespace {
