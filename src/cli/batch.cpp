@@ -71,7 +71,8 @@ public:
             if (!rate.refusal.empty()) return failed(end, rate.refusal);
             videoRate = rate.videoBitsPerSecond;
         }
-        const JobFiles files{utf8Of(tools_.ffmpeg), end.source, end.output};
+        const fs::path partial = partialOutput(plan.output);
+        const JobFiles files{utf8Of(tools_.ffmpeg), end.source, utf8Of(partial)};
         JobView view{utf8Of(source.filename()), facts.seconds, {}};
         const auto show = [&](const Progress& progress) {
             view.progress = progress;
@@ -86,7 +87,7 @@ public:
         }
         if (stops_.requested() || !outcome.succeeded()) {
             std::error_code ignored;
-            fs::remove(plan.output, ignored);  // nothing half-written is left behind
+            fs::remove(partial, ignored);  // nothing half-written is left behind
             if (stops_.requested()) {
                 end.status = JobEnd::Status::Stopped;
                 end.message = "stopped";
@@ -94,6 +95,9 @@ public:
             }
             return failed(end, outcome.started ? "ffmpeg failed:" + lastLinesOf(outcome)
                                                : "ffmpeg could not be started");
+        }
+        if (!finishOutput(partial, plan.output)) {
+            return failed(end, "the output cannot take its name; it is left as " + utf8Of(partial));
         }
         end.outputBytes = fileSize(plan.output);
         return end;
@@ -135,13 +139,12 @@ private:
     RunOutcome secondPasses(const JobFiles& files, long long rate, double audioBits,
                             const fs::path& folder, const Show& show) {
         const double targetBytes = *options_.compress.targetMb * 1048576.0;
-        Options again = options_;
         RunOutcome outcome;
         for (int run = 0; run < 3; ++run) {
             const bool audio = audioBits > 0;
-            outcome =
-                runTool(ProgramCall{files.ffmpeg, secondPassArguments(again, files, rate, audio)},
-                        utf8Of(folder), stops_, show);
+            outcome = runTool(
+                ProgramCall{files.ffmpeg, secondPassArguments(options_, files, rate, audio)},
+                utf8Of(folder), stops_, show);
             if (!outcome.succeeded() || stops_.requested()) break;
             const auto bytes = static_cast<double>(fileSize(files.output));
             if (bytes <= targetBytes && bytes >= targetBytes * kLowestShareOfTarget) break;
@@ -149,7 +152,6 @@ private:
             if (videoBits <= 0) break;
             rate = std::llround(rate * (targetBytes * kAimedShareOfTarget * 8 - audioBits) /
                                 videoBits);
-            again.existing = ExistingOutput::Overwrite;  // the output is this job's own now
         }
         return outcome;
     }

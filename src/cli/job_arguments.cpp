@@ -40,10 +40,9 @@ Words runHead(const JobFiles& files) {
             "-progress",  "pipe:1",       "-i", files.source};
 }
 
-// The output, replacing an existing one only when asked (an existing output was dealt with
-// before: this guards against one made meanwhile).
-void output(Words& words, const Options& options, const JobFiles& files) {
-    add(words, {options.existing == ExistingOutput::Overwrite ? "-y" : "-n", files.output});
+// The output, the job's own file being written: an old one is always replaced.
+void output(Words& words, const JobFiles& files) {
+    add(words, {"-y", files.output});
 }
 
 void targetSizeVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
@@ -118,7 +117,7 @@ Words jobArguments(const Options& options, const JobFiles& files, long long vide
         case Command::Probe:
             break;
     }
-    output(words, options, files);
+    output(words, files);
     return words;
 }
 
@@ -144,7 +143,7 @@ Words secondPassArguments(const Options& options, const JobFiles& files,
     targetSizeVideo(words, options, videoBitsPerSecond);
     passStatistics(words, 2);
     if (withAudio) add(words, {"-c:a", "copy"});
-    output(words, options, files);
+    output(words, files);
     return words;
 }
 

@@ -12,7 +12,7 @@ namespace quillet::cli {
 struct JobFiles {
     std::string ffmpeg;
     std::string source;
-    std::string output;
+    std::string output;  // the job's partial output, which becomes the output once it succeeds
 };
 
 // The arguments of one ffmpeg run, ffmpeg's path first: the job's options as the program's windows

@@ -83,4 +83,22 @@ OutputPlan planOutput(const fs::path& source, const std::string& outputFolder,
     return plan;
 }
 
+fs::path partialOutput(const fs::path& output) {
+    fs::path partial = output.stem();
+    partial += pathFromUtf8(".quillet-partial");
+    partial += output.extension();
+    return output.parent_path() / partial;
+}
+
+bool finishOutput(const fs::path& partial, const fs::path& output) {
+    std::error_code error;
+    fs::rename(partial, output, error);
+    if (error && fs::exists(output)) {
+        // A system that will not rename onto an existing file: the old output goes first.
+        fs::remove(output, error);
+        fs::rename(partial, output, error);
+    }
+    return !error;
+}
+
 }  // namespace quillet::cli

@@ -27,4 +27,12 @@ struct OutputPlan {
 OutputPlan planOutput(const std::filesystem::path& source, const std::string& outputFolder,
                       ExistingOutput existing);
 
+// Where a job writes until it has succeeded, beside its output with the same ending (which tells
+// ffmpeg the format): "Compressed-clip.quillet-partial.mp4". An output that existed is replaced
+// only by a finished job, and a job that fails or is stopped leaves neither.
+std::filesystem::path partialOutput(const std::filesystem::path& output);
+
+// Puts the finished partial output in the output's place; false when the system refuses.
+bool finishOutput(const std::filesystem::path& partial, const std::filesystem::path& output);
+
 }  // namespace quillet::cli

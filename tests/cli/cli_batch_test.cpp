@@ -81,6 +81,13 @@ TEST_F(CliBatch, ABrokenFileFailsAloneAndTheRestIsDone) {
     const std::string text = reported();
     EXPECT_NE(text.find("failed: " + (folder / "broken.mp4").string()), std::string::npos) << text;
     EXPECT_NE(text.find("2 done, 0 skipped, 1 failed"), std::string::npos) << text;
+    // A failed run leaves the output it was to replace as it was, and no partial one.
+    const auto size = fs::file_size(folder / "Compressed-one.mp4");
+    EXPECT_EQ(exitStatus(start({"compress", "--overwrite", "--preset", "no-such-preset",
+                                (folder / "one.mp4").string()})),
+              1);
+    EXPECT_EQ(fs::file_size(folder / "Compressed-one.mp4"), size);
+    EXPECT_NE(reported().find("Error setting preset"), std::string::npos) << reported();
     // Again: both outputs exist, so both are skipped.
     EXPECT_EQ(exitStatus(start(
                   {"compress", (folder / "one.mp4").string(), (folder / "two -y.mp4").string()})),
@@ -99,7 +106,7 @@ TEST_F(CliBatch, ATargetTheAudioAloneExceedsIsRefusedBeforeFfmpegRuns) {
 }
 
 TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
-    makeClip("long.mp4", 40);
+    makeClip("long.mp4", 120);
     const pid_t cli = start({"compress", "--json", "--preset", "slow", folder.string()});
     const auto deadline = std::chrono::steady_clock::now() + 30s;
     while (reported().find("\"progress\"") == std::string::npos &&
@@ -108,12 +115,27 @@ TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
     }
     ASSERT_NE(reported().find("\"progress\""), std::string::npos) << reported();
     kill(cli, SIGINT);
+    // Ended well before the two minutes of video could have been encoded.
+    const auto running = [cli] {
+        siginfo_t info{};  // looked at, not released
+        waitid(P_PID, static_cast<id_t>(cli), &info, WEXITED | WNOHANG | WNOWAIT);
+        return info.si_pid == 0;
+    };
+    const auto stopBy = std::chrono::steady_clock::now() + 10s;
+    while (running() && std::chrono::steady_clock::now() < stopBy) {
+        std::this_thread::sleep_for(50ms);
+    }
+    if (running()) {
+        kill(cli, SIGKILL);
+        ADD_FAILURE() << "the companion did not stop";
+    }
     EXPECT_EQ(exitStatus(cli), 130);
-    EXPECT_FALSE(fs::exists(folder / "Compressed-long.mp4"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1)
+        << "only the source is left";
     EXPECT_NE(reported().find("\"status\":\"stopped\""), std::string::npos) << reported();
     // No ffmpeg is left writing the output (the brackets keep the shell's own line from matching).
-    const std::string running = "pgrep -f '" + folder.string() + "/[C]ompressed-long.mp4'";
-    EXPECT_NE(std::system(running.c_str()), 0);
+    const std::string ffmpegLeft = "pgrep -f '" + folder.string() + "/[C]ompressed-long'";
+    EXPECT_NE(std::system(ffmpegLeft.c_str()), 0);
 }
 
 }  // namespace
