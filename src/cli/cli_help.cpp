@@ -30,7 +30,7 @@ compress:
   --audio-bitrate K        AAC audio in kbit/s (default 160)
   --sample-rate HZ         audio sample rate (default 44100)
 mp3:    --crf N --preset NAME --quality 1..9 (default 5) --sample-rate HZ
-scale:  --height 240|360|480|720 (default 480) [--crf N] [--mp3 5|7|9]
+scale:  --height 240|360|480|720 (default 480) [--crf N] [--mp3 Q, 1..9, audio to MP3]
 fps:    --fps N [--audio-bitrate K] [--sample-rate HZ]
 tags:   --tag KEY=VALUE (as many as wanted)
 
