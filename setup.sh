@@ -45,4 +45,5 @@ ln -sf "$(command -v ffprobe)" "$build/ffprobe"
 if [ "$mode" = run ]; then
     exec "$build/quillet"
 fi
-ctest --test-dir "$build" --output-on-failure
+# Two at a time, as the machine has two cores; every test stands alone.
+ctest --test-dir "$build" -j2 --output-on-failure
