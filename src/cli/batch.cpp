@@ -74,7 +74,7 @@ public:
         const fs::path partial = partialOutput(plan.output);
         const JobFiles files{utf8Of(tools_.ffmpeg), end.source, utf8Of(partial)};
         JobView view{utf8Of(source.filename()), facts.seconds, {}};
-        const auto show = [&](const Progress& progress) {
+        const ProgressHandler show = [&](const Progress& progress) {
             view.progress = progress;
             report_.progress(view);
         };
@@ -107,9 +107,8 @@ private:
     // The first pass at the rate the audio's nominal size leaves, the second at the rate its
     // measured size leaves. The statistics and the audio live in a folder of their own, gone
     // afterwards.
-    template <class Show>
     RunOutcome twoPasses(const JobFiles& files, long long firstRate, const SourceFacts& facts,
-                         const Show& show) {
+                         const ProgressHandler& show) {
         std::error_code error;
         const fs::path folder = fs::temp_directory_path(error) /
                                 ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
@@ -123,7 +122,8 @@ private:
             const TargetRate rate =
                 targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
             if (rate.refusal.empty()) {
-                outcome = secondPasses(files, rate.videoBitsPerSecond, audioBits, folder, show);
+                outcome =
+                    secondPasses(files, rate.videoBitsPerSecond, audio, audioBits, folder, show);
             } else {
                 outcome.exitCode = -1;
                 outcome.lastLines = {rate.refusal};
@@ -135,13 +135,11 @@ private:
 
     // The second pass, run again (at most twice, on the same statistics) at a rate corrected by
     // how far the output missed, while it is over the target or more than 2% under it.
-    template <class Show>
-    RunOutcome secondPasses(const JobFiles& files, long long rate, double audioBits,
-                            const fs::path& folder, const Show& show) {
-        const double targetBytes = *options_.compress.targetMb * 1048576.0;
+    RunOutcome secondPasses(const JobFiles& files, long long rate, bool audio, double audioBits,
+                            const fs::path& folder, const ProgressHandler& show) {
+        const double targetBytes = *options_.compress.targetMb * kBytesPerMb;
         RunOutcome outcome;
         for (int run = 0; run < 3; ++run) {
-            const bool audio = audioBits > 0;
             outcome = runTool(
                 ProgramCall{files.ffmpeg, secondPassArguments(options_, files, rate, audio)},
                 utf8Of(folder), stops_, show);

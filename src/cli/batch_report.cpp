@@ -1,7 +1,5 @@
 #include "cli/batch_report.h"
 
-#include <cmath>
-
 namespace quillet::cli {
 
 void BatchReport::clearLine() {
@@ -47,16 +45,14 @@ void BatchReport::problem(const std::string& text) {
 
 void BatchReport::summary(bool inputProblems) {
     clearLine();
-    double saved = static_cast<double>(bytesSaved_) / 1048576.0;
-    if (std::fabs(saved) < 0.05) saved = 0;  // never "-0.0"
     if (json_) {
         std::fprintf(out_,
                      "{\"event\":\"summary\",\"done\":%d,\"skipped\":%d,\"failed\":%d,"
                      "\"input_problems\":%s,\"bytes_saved\":%lld}\n",
                      done_, skipped_, failed_, inputProblems ? "true" : "false", bytesSaved_);
     } else {
-        std::fprintf(out_, "%d done, %d skipped, %d failed, %.1f MB saved\n", done_, skipped_,
-                     failed_, saved);
+        std::fprintf(out_, "%d done, %d skipped, %d failed, %s saved\n", done_, skipped_, failed_,
+                     megabytesText(static_cast<double>(bytesSaved_)).c_str());
     }
     std::fflush(out_);
 }

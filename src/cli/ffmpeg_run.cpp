@@ -20,7 +20,7 @@ bool isProgressReport(const std::string& line) {
 }  // namespace
 
 RunOutcome runTool(const ProgramCall& call, const std::string& folder, StopRequests& stops,
-                   const std::function<void(const Progress&)>& onProgress, bool keepOutput) {
+                   const ProgressHandler& onProgress, bool keepOutput) {
     RunOutcome outcome;
     const std::shared_ptr<ChildProcess> child = ChildProcess::start(call, folder);
     if (!child) return outcome;

@@ -19,9 +19,12 @@ struct RunOutcome {
     bool succeeded() const { return started && exitCode == 0; }
 };
 
+// What is told of each block of progress.
+using ProgressHandler = std::function<void(const Progress&)>;
+
 // Runs `call` in `folder` (this program's own when empty) until it ends, handing each block of
 // progress to `onProgress`; the stop requests stop it. `keepOutput`: keep all it writes.
 RunOutcome runTool(const ProgramCall& call, const std::string& folder, StopRequests& stops,
-                   const std::function<void(const Progress&)>& onProgress, bool keepOutput = false);
+                   const ProgressHandler& onProgress, bool keepOutput = false);
 
 }  // namespace quillet::cli

@@ -23,10 +23,6 @@ std::string fixed(double value, int decimals) {
     return text;
 }
 
-std::string megabytes(long long bytes) {
-    return fixed(static_cast<double>(bytes) / 1048576.0, 1) + " MB";
-}
-
 // The share done, from 0 to 1, when the running time is known.
 std::optional<double> shareDone(const JobView& job) {
     if (!job.runningSeconds || *job.runningSeconds <= 0) return std::nullopt;
@@ -60,6 +56,13 @@ bool readProgressLine(std::string_view line, Progress& progress) {
     return false;
 }
 
+std::string megabytesText(double bytes, int decimals) {
+    std::string text = fixed(bytes / kBytesPerMb, decimals);
+    // A small negative size rounds to zero, which has no sign.
+    if (text.find_first_not_of("-0.") == std::string::npos && text.front() == '-') text.erase(0, 1);
+    return text + " MB";
+}
+
 std::string clockText(double seconds) {
     const auto whole = static_cast<long long>(std::max(0.0, std::floor(seconds)));
     char text[32];
@@ -75,11 +78,11 @@ std::string terminalLine(const JobView& job) {
     if (share) line += "  " + fixed(*share * 100, 1) + "%";
     line += "  " + clockText(progress.encodedSeconds);
     if (progress.speed) line += "  " + fixed(*progress.speed, 2) + "x";
-    line += "  " + megabytes(progress.bytesWritten);
+    line += "  " + megabytesText(progress.bytesWritten);
     if (share && *share > 0 && progress.speed && *progress.speed > 0) {
         const double left = (*job.runningSeconds - progress.encodedSeconds) / *progress.speed;
         line += "  left " + clockText(left);
-        line += "  about " + megabytes(std::llround(progress.bytesWritten / *share));
+        line += "  about " + megabytesText(progress.bytesWritten / *share);
     }
     return line;
 }
@@ -140,8 +143,8 @@ std::string jsonEnd(const JobEnd& end) {
 std::string plainEnd(const JobEnd& end) {
     std::string line = statusName(end.status) + ": " + end.source;
     if (end.status == JobEnd::Status::Done && !end.output.empty()) {
-        line += " -> " + end.output + " (" + megabytes(end.sourceBytes) + " -> " +
-                megabytes(end.outputBytes) + ")";
+        line += " -> " + end.output + " (" + megabytesText(end.sourceBytes) + " -> " +
+                megabytesText(end.outputBytes) + ")";
     }
     if (!end.message.empty()) line += ": " + end.message;
     return line;

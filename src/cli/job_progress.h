@@ -48,6 +48,12 @@ std::string statusName(JobEnd::Status status);
 std::string jsonEnd(const JobEnd& end);
 std::string plainEnd(const JobEnd& end);
 
+// Sizes are counted in MB of 1,048,576 bytes, as the program's windows count them.
+inline constexpr double kBytesPerMb = 1048576.0;
+
+// "12.3 MB" of a number of bytes, with `decimals` decimals (never "-0.0").
+std::string megabytesText(double bytes, int decimals = 1);
+
 // "h:mm:ss" of a number of seconds, rounded down.
 std::string clockText(double seconds);
 

@@ -3,7 +3,6 @@
 #include "cli/job_progress.h"
 
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <sstream>
 
@@ -16,12 +15,6 @@ namespace {
 constexpr double kVideoShare = 0.99;
 // Below this the encoder cannot keep to a rate at all.
 constexpr double kLowestVideoBitsPerSecond = 16000;
-
-std::string megabytes(double bytes) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f MB", bytes / 1048576.0);
-    return text;
-}
 
 }  // namespace
 
@@ -69,13 +62,13 @@ std::string describeFacts(const SourceFacts& facts) {
 }
 
 TargetRate targetRate(double targetMb, double seconds, double audioBits) {
-    const double targetBits = targetMb * 1048576.0 * 8;
+    const double targetBits = targetMb * kBytesPerMb * 8;
     const double videoBitsPerSecond = (targetBits * kVideoShare - audioBits) / seconds;
     if (videoBitsPerSecond < kLowestVideoBitsPerSecond) {
         const double neededBits = audioBits + kLowestVideoBitsPerSecond * seconds;
-        return {0, "a target of " + megabytes(targetMb * 1048576.0) +
+        return {0, "a target of " + megabytesText(targetMb * kBytesPerMb, 2) +
                        " is too small: the audio with the least video needs " +
-                       megabytes(neededBits / 8 / kVideoShare)};
+                       megabytesText(neededBits / 8 / kVideoShare, 2)};
     }
     return {std::llround(videoBitsPerSecond), {}};
 }

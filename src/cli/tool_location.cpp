@@ -10,6 +10,7 @@
 #endif
 
 #include "cli/utf8_paths.h"
+#include "tools/program_lookup.h"
 
 namespace quillet::cli {
 
@@ -55,13 +56,8 @@ std::optional<fs::path> findTool(const std::string& name, const fs::path& folder
                                  std::vector<std::string>& lookedAt) {
     std::vector<fs::path> folders = {folder};
     if (const char* path = std::getenv("PATH")) {
-        std::string list = path;
-        std::size_t begin = 0;
-        while (begin <= list.size()) {
-            std::size_t end = list.find(kPathSeparator, begin);
-            if (end == std::string::npos) end = list.size();
-            if (end > begin) folders.push_back(list.substr(begin, end - begin));
-            begin = end + 1;
+        for (const std::string& entry : searchFolders(path, kPathSeparator)) {
+            folders.emplace_back(entry);  // in the system's own code page, as the environment is
         }
     }
     for (const fs::path& place : folders) {

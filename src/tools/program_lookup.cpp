@@ -13,15 +13,9 @@ std::optional<std::string> locate(const std::string& name, std::string_view sear
         if (isExecutable(name)) return name;
         return std::nullopt;
     }
-    std::size_t start = 0;
-    while (start <= searchPath.size()) {
-        std::size_t end = searchPath.find(':', start);
-        if (end == std::string_view::npos) end = searchPath.size();
-        // An empty entry of the search path stands for the current folder.
-        const std::string_view folder = end > start ? searchPath.substr(start, end - start) : ".";
-        const std::string candidate = std::string(folder) + "/" + name;
+    for (const std::string& folder : searchFolders(searchPath, ':')) {
+        const std::string candidate = folder + "/" + name;
         if (isExecutable(candidate)) return candidate;
-        start = end + 1;
     }
     return std::nullopt;
 }
@@ -34,6 +28,18 @@ ProgramCall makeCall(std::string file, std::string written, std::string_view arg
 }
 
 }  // namespace
+
+std::vector<std::string> searchFolders(std::string_view searchPath, char separator) {
+    std::vector<std::string> folders;
+    std::size_t start = 0;
+    while (start <= searchPath.size()) {
+        std::size_t end = searchPath.find(separator, start);
+        if (end == std::string_view::npos) end = searchPath.size();
+        folders.emplace_back(end > start ? searchPath.substr(start, end - start) : ".");
+        start = end + 1;
+    }
+    return folders;
+}
 
 std::optional<ProgramCall> resolveProgram(std::string_view commandLine, std::string_view searchPath,
                                           const ExecutableTest& isExecutable) {

@@ -18,6 +18,10 @@ struct ProgramCall {
 // Whether a path names an executable regular file.
 using ExecutableTest = std::function<bool(const std::string& path)>;
 
+// The folders of a search path such as PATH, in order, split at `separator` (':' here, ';' on
+// Windows); an empty entry stands for the current folder.
+std::vector<std::string> searchFolders(std::string_view searchPath, char separator);
+
 // Finds the program of a command line the way Windows does: a program in double quotes runs up to
 // the next quote; an unquoted one may hold blanks, so the shortest blank-delimited prefix that
 // names an executable is taken first, then longer ones, and the rest of the line is the argument
