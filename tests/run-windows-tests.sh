@@ -1,18 +1,30 @@
 #!/usr/bin/env bash
-# Builds the logic and every test that needs no window for Windows with mingw-w64, then runs them
-# under wine, in a wine prefix of their own with a wine server for this run only, each test within
-# a time limit. Ends with the line "windows: N passed, N failed, N skipped" and the reason for each
-# skip; fails when a test fails. `bash setup.sh windows-test` installs what it needs and runs it.
+# Builds the program, quillet-cli and every test for Windows with mingw-w64 and a static Qt made
+# for it (cmake/windows-qt.sh, built once per machine), then runs them under wine in a wine prefix
+# of their own, with a wine server for this run only and each test within a time limit. Two groups,
+# each closing with its own summary line and the reason for each skip:
+#   windows: N passed, N failed, N skipped       the logic's tests
+#   windows-gui: N passed, N failed, N skipped   the window tests, on Qt's offscreen platform, and
+#                                                the program on the real Windows platform, shown on
+#                                                a private X display
+# Fails when a test fails. `bash setup.sh windows-test` installs what it needs and runs it.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build=${QUILLET_WINDOWS_BUILD_DIR:-$top/build-windows}
 wine=/usr/lib/wine/wine64
 wineserver=/usr/lib/wine/wineserver
 
+start=$SECONDS
+qt=$(bash "$top/cmake/windows-qt.sh")
+echo "Qt for Windows: ready in $((SECONDS - start)) s ($qt)"
+
+start=$SECONDS
 cmake -S "$top" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$top/cmake/mingw-w64.cmake" \
-    -DCMAKE_BUILD_TYPE=Release -DQUILLET_UI=OFF -DCMAKE_CROSSCOMPILING_EMULATOR=$wine >/dev/null
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_PREFIX_PATH="$qt" -DQT_HOST_PATH=/usr \
+    -DQt6HostInfo_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt6HostInfo \
+    -DCMAKE_CROSSCOMPILING_EMULATOR=$wine >/dev/null
 cmake --build "$build"
-echo "Windows build of the logic, its tests and quillet-cli.exe: done"
+echo "Windows build of quillet.exe, quillet-cli.exe and the tests: done in $((SECONDS - start)) s"
 
 export WINEPREFIX=$build/wine WINEDEBUG=-all
 # A new prefix goes on being set up after wineboot returns, and slows whatever runs meanwhile: its
@@ -21,39 +33,50 @@ if [ ! -e "$WINEPREFIX/system.reg" ]; then
     "$wine" wineboot --init >/dev/null 2>&1
     "$wineserver" --wait
 fi
+# The window tests' platform draws text with the fonts of a folder, not the system's.
+export QT_QPA_FONTDIR=/usr/share/fonts/truetype/dejavu
+# The program's own windows need a display: a private one, for this run only.
+display=$(bash "$top/tests/private-display.sh" start "$build")
+export DISPLAY=$display
 # The server for this run, and the services it starts, get no output of ours: they outlive every
 # test, which would otherwise wait for them to close it. A server of an earlier run that is still
 # going away is waited for first.
 "$wineserver" --wait
 "$wineserver" --persistent >/dev/null 2>&1
-trap '"$wineserver" --kill' EXIT
+trap '"$wineserver" --kill; bash "$top/tests/private-display.sh" stop "$build"' EXIT
 "$wine" wineboot >/dev/null 2>&1
 
-results=$build/windows-tests.xml
+# run_group LABEL NAME: the tests of one label, then NAME's summary line from the test report (a
+# skipped test names its reason on the line after "Skipped"). Sets status to 1 when a test failed.
 status=0
-ctest --test-dir "$build" -j2 --timeout 60 --output-on-failure --output-junit "$results" || status=$?
-
-# The summary, from the test report: a skipped test names the reason on the line after "Skipped".
-awk '
-    function text(xml) {
-        gsub(/&apos;/, "\047", xml); gsub(/&quot;/, "\"", xml); gsub(/&lt;/, "<", xml)
-        gsub(/&gt;/, ">", xml); gsub(/&amp;/, "\\&", xml)
-        return xml
-    }
-    /<testcase / {
-        match($0, /name="[^"]*"/); name = substr($0, RSTART + 6, RLENGTH - 7)
-        ran = $0 ~ /status="run"/; skip = 0; reason = ""
-    }
-    /<skipped message="SKIP_REGULAR_EXPRESSION_MATCHED"/ { skip = 1 }
-    reason_next { reason = text($0); reason_next = 0 }
-    /: Skipped$/ { reason_next = 1 }
-    /<\/testcase>/ {
-        if (ran) passed++
-        else if (skip) { skipped++; reasons = reasons "  skipped " name ": " reason "\n" }
-        else { failed++; failures = failures "  failed " name "\n" }
-    }
-    END {
-        printf "windows: %d passed, %d failed, %d skipped\n", passed, failed, skipped
-        printf "%s%s", failures, reasons
-    }' "$results"
+run_group() {
+    local results=$build/windows-tests-$1.xml group_start=$SECONDS
+    ctest --test-dir "$build" -L "^$1\$" -j2 --timeout 90 --output-on-failure \
+        --output-junit "$results" || status=1
+    awk -v name="$2" '
+        function text(xml) {
+            gsub(/&apos;/, "\047", xml); gsub(/&quot;/, "\"", xml); gsub(/&lt;/, "<", xml)
+            gsub(/&gt;/, ">", xml); gsub(/&amp;/, "\\&", xml)
+            return xml
+        }
+        /<testcase / {
+            match($0, /name="[^"]*"/); test = substr($0, RSTART + 6, RLENGTH - 7)
+            ran = $0 ~ /status="run"/; skip = 0; reason = ""
+        }
+        /<skipped message="SKIP_REGULAR_EXPRESSION_MATCHED"/ { skip = 1 }
+        reason_next { reason = text($0); reason_next = 0 }
+        /: Skipped$/ { reason_next = 1 }
+        /<\/testcase>/ {
+            if (ran) passed++
+            else if (skip) { skipped++; reasons = reasons "  skipped " test ": " reason "\n" }
+            else { failed++; failures = failures "  failed " test "\n" }
+        }
+        END {
+            printf "%s: %d passed, %d failed, %d skipped\n", name, passed, failed, skipped
+            printf "%s%s", failures, reasons
+        }' "$results"
+    echo "$2 stage: done in $((SECONDS - group_start)) s"
+}
+run_group logic windows
+run_group gui windows-gui
 exit $status
