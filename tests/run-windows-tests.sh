@@ -11,40 +11,13 @@
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build=${QUILLET_WINDOWS_BUILD_DIR:-$top/build-windows}
-wine=/usr/lib/wine/wine64
-wineserver=/usr/lib/wine/wineserver
 
-start=$SECONDS
-qt=$(bash "$top/cmake/windows-qt.sh")
-echo "Qt for Windows: ready in $((SECONDS - start)) s ($qt)"
+bash "$top/cmake/windows-build.sh" "$build"
 
-start=$SECONDS
-cmake -S "$top" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$top/cmake/mingw-w64.cmake" \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_PREFIX_PATH="$qt" -DQT_HOST_PATH=/usr \
-    -DQt6HostInfo_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt6HostInfo \
-    -DCMAKE_CROSSCOMPILING_EMULATOR=$wine >/dev/null
-cmake --build "$build"
-echo "Windows build of quillet.exe, quillet-cli.exe and the tests: done in $((SECONDS - start)) s"
-
-export WINEPREFIX=$build/wine WINEDEBUG=-all
-# A new prefix goes on being set up after wineboot returns, and slows whatever runs meanwhile: its
-# set-up is waited for to the end, with the server it started.
-if [ ! -e "$WINEPREFIX/system.reg" ]; then
-    "$wine" wineboot --init >/dev/null 2>&1
-    "$wineserver" --wait
-fi
+source "$top/tests/wine-session.sh"
+wine_session "$build/wine" "$build"
 # The window tests' platform draws text with the fonts of a folder, not the system's.
-export QT_QPA_FONTDIR=/usr/share/fonts/truetype/dejavu
-# The program's own windows need a display: a private one, for this run only.
-display=$(bash "$top/tests/private-display.sh" start "$build")
-export DISPLAY=$display
-# The server for this run, and the services it starts, get no output of ours: they outlive every
-# test, which would otherwise wait for them to close it. A server of an earlier run that is still
-# going away is waited for first.
-"$wineserver" --wait
-"$wineserver" --persistent >/dev/null 2>&1
-trap '"$wineserver" --kill; bash "$top/tests/private-display.sh" stop "$build"' EXIT
-"$wine" wineboot >/dev/null 2>&1
+export QT_QPA_FONTDIR=Z:/usr/share/fonts/truetype/dejavu
 
 # run_group LABEL NAME: the tests of one label, then NAME's summary line from the test report (a
 # skipped test names its reason on the line after "Skipped"). Sets status to 1 when a test failed.

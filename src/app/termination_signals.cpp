@@ -2,11 +2,22 @@
 
 #ifdef _WIN32
 
+#include <QGuiApplication>
+#include <QSessionManager>
+
 namespace quillet {
 
-// A window program on Windows receives no such signals: it is closed through its window, and a
-// child dies with it through the job object that holds every child.
-void endOnTerminationSignals(std::function<void()>) {}
+// A window program on Windows receives no such signals. The system ends it through its main window
+// (closed by the user or by the task manager) or by ending the session (log off, shut down), which
+// Qt passes on as a request to save the user's work just before the process is ended: that request
+// ends the program in order, as Exit does. A child still running when the process goes dies with
+// it, through the job object that holds every child.
+void endOnTerminationSignals(std::function<void()> end) {
+    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    if (!application) return;
+    QObject::connect(application, &QGuiApplication::commitDataRequest, application,
+                     [end = std::move(end)](QSessionManager&) { end(); });
+}
 
 }  // namespace quillet
 
