@@ -16,8 +16,6 @@ bash "$top/cmake/windows-build.sh" "$build"
 
 source "$top/tests/wine-session.sh"
 wine_session "$build/wine" "$build"
-# The window tests' platform draws text with the fonts of a folder, not the system's.
-export QT_QPA_FONTDIR=Z:/usr/share/fonts/truetype/dejavu
 
 # run_group LABEL NAME: the tests of one label, then NAME's summary line from the test report (a
 # skipped test names its reason on the line after "Skipped"). Sets status to 1 when a test failed.

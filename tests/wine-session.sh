@@ -14,6 +14,8 @@ wine_session() {
     if [ ! -e "$WINEPREFIX/system.reg" ]; then
         "$wine" wineboot --init >/dev/null 2>&1
         "$wineserver" --wait
+        # Fonts in the system's fonts folder, as every Windows has them, for the windows' text.
+        cp /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     fi
     DISPLAY=$(bash "$here/private-display.sh" start "$folder")
     export DISPLAY

@@ -1,9 +1,9 @@
-// child_ffmpeg: stands in for ffmpeg and ffprobe where the real ones cannot run (the Windows build).
-// Named ffprobe*, it answers the running-time and picture-size queries of a 10-second 1280x720
-// clip. Named anything else, it acts as ffmpeg encoding that clip: the input banner, then one
-// progress line a second of video, CHILD_FFMPEG_PAUSE_MS apart (default 150), on its error stream;
-// then it writes its last argument as the output and ends. A "q" on its input, or the end of its
-// input, stops it early as ffmpeg stops, with what it wrote so far.
+// child_ffmpeg: stands in for ffmpeg and ffprobe where the real ones cannot run (the Windows
+// build). Named ffprobe*, it answers the running-time and picture-size queries of a 10-second
+// 1280x720 clip. Named anything else, it acts as ffmpeg encoding that clip: the input banner, then
+// one progress line a second of video, CHILD_FFMPEG_PAUSE_MS apart (default 150), on its error
+// stream; then it writes its last argument as the output and ends. A "q" on its input, or the end
+// of its input, stops it early as ffmpeg stops, with what it wrote so far.
 #include <atomic>
 #include <chrono>
 #include <cstdio>
@@ -24,9 +24,9 @@ std::string twoDigits(int value) {
 }
 
 std::string progressLine(int second) {
-    return "frame=" + std::to_string(second * 25) + " fps= 50 q=28.0 size=" +
-           std::to_string(second * 128) + "kB time=00:00:" + twoDigits(second) +
-           ".00 bitrate=1048.6kbits/s speed=2.00x    \r";
+    return "frame=" + std::to_string(second * 25) +
+           " fps= 50 q=28.0 size=" + std::to_string(second * 128) +
+           "kB time=00:00:" + twoDigits(second) + ".00 bitrate=1048.6kbits/s speed=2.00x    \r";
 }
 
 int probe(int argc, char** argv) {
@@ -51,8 +51,9 @@ int encode(int argc, char** argv) {
         stop = true;
     }).detach();
 
-    quillet::children::writeAll(2, "Input #0, mov,mp4,m4a,3gp,3g2,mj2, from 'clip.mp4':\n"
-                                   "  Duration: 00:00:10.00, start: 0.000000, bitrate: 1200 kb/s\n");
+    quillet::children::writeAll(2,
+                                "Input #0, mov,mp4,m4a,3gp,3g2,mj2, from 'clip.mp4':\n"
+                                "  Duration: 00:00:10.00, start: 0.000000, bitrate: 1200 kb/s\n");
     int second = 0;
     while (second < kClipSeconds && !stop) {
         std::this_thread::sleep_for(pause);

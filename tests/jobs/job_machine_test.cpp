@@ -9,6 +9,7 @@
 #include "app/forms.h"
 #include "app/main_window.h"
 #include "app/scripted_dialogs.h"
+#include "native_path.h"
 #include "tools/progress_display.h"
 
 namespace quillet {
@@ -63,7 +64,7 @@ protected:
         forms = std::make_unique<Forms>(state, dialogs, factories);
         forms->load(FormId::Form1);
         state.VideoSeconds = "400";
-        state.SourceVideo = "/videos/clip.mp4";
+        state.SourceVideo = native("/videos/clip.mp4");
     }
 
     struct JobWindowStandIn : QWidget, FormEvents {
@@ -146,7 +147,7 @@ TEST_P(JobMachineTest, StepsRunInTheOrderAndWithThePausesOfItsMethod) {
         if (job.followsTime) expected.insert(expected.begin() + 2, caption);
         EXPECT_GE(at("speed display on") - at("shown"), 1990);  // the two-second wait
         EXPECT_LT(at("speed display on") - at("shown"), 2600);
-        EXPECT_EQ(state.OutputVideo, "/videos/Compressed-clip.mp4");  // named by the window
+        EXPECT_EQ(state.OutputVideo, native("/videos/Compressed-clip.mp4"));  // named by the window
         EXPECT_EQ(state.SpeedLevel, -1);
         EXPECT_FALSE(forms->isLoaded(job.window));
     }

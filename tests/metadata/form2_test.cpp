@@ -7,6 +7,7 @@
 
 #include "form1_test_window.h"
 #include "metadata/form2.h"
+#include "native_path.h"
 
 namespace quillet {
 namespace {
@@ -81,18 +82,22 @@ TEST_F(MetadataEditor, TodaysDateReplacesTheDateField) {
 }
 
 TEST_F(MetadataEditor, ResetAllKeepsTheOutputAndAFolderlessPathKeepsItToo) {
-    select("/videos/a b.mp4");
-    EXPECT_EQ(editor().findChild<QLabel*>("Label2")->text(), "/videos/a b.mp4");
+    select(native("/videos/a b.mp4"));
+    EXPECT_EQ(editor().findChild<QLabel*>("Label2")->text().toStdString(),
+              native("/videos/a b.mp4"));
     EXPECT_FALSE(editor().findChild<QLabel*>("Label5")->isVisible());
-    EXPECT_TRUE(editor().commandLine().ends_with(" -y \"/videos/Compressed-a b.mp4\""));
+    EXPECT_TRUE(
+        editor().commandLine().ends_with(" -y \"" + native("/videos/Compressed-a b.mp4") + "\""));
     select("clip.mp4");  // no folder: the output stays
-    EXPECT_TRUE(editor().commandLine().ends_with(" -y \"/videos/Compressed-a b.mp4\""));
+    EXPECT_TRUE(
+        editor().commandLine().ends_with(" -y \"" + native("/videos/Compressed-a b.mp4") + "\""));
 
     field(0)->setText("x");
     trigger("mnu_ResetAll");
     EXPECT_EQ(field(0)->text(), "");
     EXPECT_TRUE(editor().findChild<QLabel*>("Label5")->isVisible());
-    EXPECT_TRUE(editor().commandLine().ends_with(" -y \"/videos/Compressed-a b.mp4\""));
+    EXPECT_TRUE(
+        editor().commandLine().ends_with(" -y \"" + native("/videos/Compressed-a b.mp4") + "\""));
     trigger("mnu_WriteMetaData");  // the source is gone: nothing happens
     EXPECT_TRUE(dialogs.shown().empty() || dialogs.shown().back().kind == "open file");
 }

@@ -97,8 +97,8 @@ TEST_F(ProgramRun, CompressesThroughTheMenusThenExitDuringTheNextJobLeavesNoChil
     watch.start(20);
     c.xpOption1->item(1)->click();
     trigger(form, "mnu_StartCompress");
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return state.JobFinished && !forms.isLoaded(FormId::Form6); }, 30000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return state.JobFinished && !forms.isLoaded(FormId::Form6); },
+                                30000));
     watch.stop();
     EXPECT_TRUE(captions.count("Compression Progress 50.00% Completed")) << captions.size();
     EXPECT_EQ(QFileInfo(output).size(), 10 * 1024);

@@ -114,11 +114,11 @@ TEST_F(CommandRunnerTest, EndAllStopsPolitelyThenFirmlyAndReportsTheEnd) {
         std::chrono::milliseconds shortest;
         std::chrono::milliseconds longest;
     } cases[] = {
-        {CHILD_QUIT_ON_Q, 0ms, 200ms},       // the polite stop is enough
-        {CHILD_IGNORE_STOP, 250ms, 5000ms},  // ended after the grace period (a coarse timer)
+        {CHILD_QUIT_ON_Q, 0ms, 900ms},       // the polite stop is enough
+        {CHILD_IGNORE_STOP, 950ms, 6000ms},  // ended after the grace period (a coarse timer)
     };
     for (const auto& c : cases) {
-        RunningCommands ending(300ms);
+        RunningCommands ending(1000ms);
         RunningCommands::RunnerHandle child = ending.newRunner();
         ended = 0;
         ASSERT_TRUE(child->start(c.child));
@@ -129,7 +129,7 @@ TEST_F(CommandRunnerTest, EndAllStopsPolitelyThenFirmlyAndReportsTheEnd) {
         // A command started while the end is under way is stopped as it starts.
         RunningCommands::RunnerHandle late = ending.newRunner();
         ASSERT_TRUE(late->start(CHILD_QUIT_ON_Q));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return ended > 0; }, 6000)) << c.child;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ended > 0; }, 8000)) << c.child;
         const auto took = Clock::now() - endAllCalled;
         EXPECT_GE(took, c.shortest) << c.child;
         EXPECT_LT(took, c.longest) << c.child;

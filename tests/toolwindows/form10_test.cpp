@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "main/xp_slider.h"
+#include "native_path.h"
 #include "tool_window_test.h"
 #include "toolwindows/form10.h"
 
@@ -73,7 +74,7 @@ TEST_F(Mp3Tool, ReloadingStartsFromTheDefaultsWhateverWasChosen) {
 }
 
 TEST_F(Mp3Tool, MatroskaIsRefusedByItsExtensionInAnyCase) {
-    select("/videos/a.MKV");
+    select(native("/videos/a.MKV"));
     ASSERT_FALSE(dialogs.shown().empty());
     const auto& box = dialogs.shown().back();
     EXPECT_EQ(box.text, "MKV. This Video Type is not currently supported.");
@@ -81,11 +82,11 @@ TEST_F(Mp3Tool, MatroskaIsRefusedByItsExtensionInAnyCase) {
     EXPECT_EQ(box.flags, 49);
     EXPECT_EQ(control<QLabel>("Label1")->text(), "");
 
-    select("/videos/a.mkv.mp4");
+    select(native("/videos/a.mkv.mp4"));
     EXPECT_EQ(dialogs.shown().back().kind, "open file");
-    EXPECT_EQ(control<QLabel>("Label1")->text(), "/videos/a.mkv.mp4");
-    EXPECT_EQ(state.OutputVideo, "/videos/Compressed-a.mkv.mp4");
-    EXPECT_TRUE(commandHas(" -i \"/videos/a.mkv.mp4\" "));
+    EXPECT_EQ(control<QLabel>("Label1")->text().toStdString(), native("/videos/a.mkv.mp4"));
+    EXPECT_EQ(state.OutputVideo, native("/videos/Compressed-a.mkv.mp4"));
+    EXPECT_TRUE(commandHas(" -i \"" + native("/videos/a.mkv.mp4") + "\" "));
 }
 
 TEST_F(Mp3Tool, EncodingWithoutASourceAsksForOne) {
@@ -98,7 +99,7 @@ TEST_F(Mp3Tool, EncodingWithoutASourceAsksForOne) {
 }
 
 TEST_F(Mp3Tool, ViewingTheCommandShowsAnOptionALineAndNoRunsNothing) {
-    select("/videos/clip.mp4");
+    select(native("/videos/clip.mp4"));
     const std::size_t before = dialogs.shown().size();
     dialogs.answerBox(MessageBoxButton::No);
     trigger("mnu_ViewffmpegString");
@@ -107,8 +108,9 @@ TEST_F(Mp3Tool, ViewingTheCommandShowsAnOptionALineAndNoRunsNothing) {
     EXPECT_EQ(box.title, "View Commands");
     EXPECT_EQ(box.flags, 52);
     EXPECT_NE(box.text.find("\ncrf 20 \npreset veryfast \ncodec:a libmp3lame \nqscale:a 5 \nar "
-                            "44100 \ny \"/videos/Compressed\nclip.mp4\"\n\nExecute this set of "
-                            "instructions now ?"),
+                            "44100 \ny \"" +
+                            native("/videos/Compressed\nclip.mp4") +
+                            "\"\n\nExecute this set of instructions now ?"),
               std::string::npos);
     EXPECT_FALSE(state.ToolBusy);
 }

@@ -12,6 +12,7 @@
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
 #include "program_windows.h"
+#include "under_wine.h"
 
 namespace quillet {
 namespace {
@@ -81,11 +82,17 @@ TEST_F(CpuMonitorWindow, AReadingNeverBringsBackAnUnloadedMainWindow) {
 }
 
 TEST_F(CpuMonitorWindow, RegistryLoadsTheMonitorWithTheSystemSampler) {
+    cpu->setText("CPU: --");
     QPointer<Form3> monitor = &forms.get<Form3>();
     EXPECT_FALSE(monitor->isVisible());
-    // The first reading compares with boot, so a figure is there at once.
-    static const QRegularExpression reading(R"(^CPU: \d\d+\.\d\d%$)");
-    EXPECT_TRUE(reading.match(cpu->text()).hasMatch()) << cell();
+    if (underWine()) {
+        // Wine offers no processor counter: no reading, so the cell keeps its text.
+        EXPECT_EQ(cell(), "CPU: --");
+    } else {
+        // The first reading compares with boot, so a figure is there at once.
+        static const QRegularExpression reading(R"(^CPU: \d\d+\.\d\d%$)");
+        EXPECT_TRUE(reading.match(cpu->text()).hasMatch()) << cell();
+    }
     forms.unload(FormId::Form3);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(monitor.isNull());

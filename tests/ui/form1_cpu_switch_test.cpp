@@ -14,6 +14,7 @@
 #include "app/settings_store.h"
 #include "main/form1.h"
 #include "program_windows.h"
+#include "under_wine.h"
 
 namespace quillet {
 namespace {
@@ -43,9 +44,9 @@ TEST_F(Form1CpuSwitch, FirstRunShowsTheLoad) {
     EXPECT_TRUE(state.CpuMonitorEnabled);
     EXPECT_TRUE(showCpu()->isChecked());
     ASSERT_TRUE(forms.isLoaded(FormId::Form3));
-    EXPECT_TRUE(QRegularExpression(R"(^CPU: \d\d+\.\d\d%$)")
-                    .match(QString::fromStdString(cell()))
-                    .hasMatch())
+    // Wine offers no processor counter: with no reading the cell keeps the text it starts with.
+    const char* shown = underWine() ? R"(^CPU: 00\.00%$)" : R"(^CPU: \d\d+\.\d\d%$)";
+    EXPECT_TRUE(QRegularExpression(shown).match(QString::fromStdString(cell())).hasMatch())
         << cell();
 }
 

@@ -14,7 +14,10 @@ TEST(SecondInstance, SecondCopyShowsTheBoxAndEndsWhileTheFirstRunsOn) {
     ASSERT_TRUE(runtime.isValid());
     QFile::setPermissions(runtime.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("XDG_RUNTIME_DIR", runtime.path());
+    // The lock lives in the user's runtime folder, or the temporary folder where there is none.
+    for (const char* folder : {"XDG_RUNTIME_DIR", "TEMP", "TMP"}) {
+        env.insert(folder, QDir::toNativeSeparators(runtime.path()));
+    }
     env.insert("QT_QPA_PLATFORM", "offscreen");
 
     QProcess first;

@@ -34,7 +34,7 @@ TEST_F(SettingsStore, ValuesComeBackAsStoredInAFileOfTheChosenFolder) {
     EXPECT_EQ(readCpuMonitorSwitch(), false);
     // A group per section, as the registry has a subkey per section.
     QFile file(folder.filePath("Quillet2.0.ini"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));  // Windows ends lines in CR LF
     EXPECT_TRUE(file.readAll().contains("[CPUenabled]\nEnableDisable=0"));
     saveSetting("CPUenabled", "EnableDisable", "maybe");
     EXPECT_EQ(readCpuMonitorSwitch(), std::nullopt);
