@@ -20,14 +20,15 @@ namespace quillet {
 namespace {
 
 TEST(HelpThroughTheShell, TheGuideOpensWithTheProgramOfItsKind) {
-    // The test registers its own PDF program for the user, which only a throw-away wine prefix
-    // may have done to it.
+    // The test registers its own PDF program, which only a throw-away wine prefix may have done to
+    // it.
     if (!underWine()) GTEST_SKIP() << "it would change the PDF program of the user running it";
     QTemporaryDir folder;
     ASSERT_TRUE(folder.isValid());
     const QString record = folder.filePath("opened.txt");
     qputenv("CHILD_RECORD_TO", QDir::toNativeSeparators(record).toUtf8());
-    QSettings classes(R"(HKEY_CURRENT_USER\Software\Classes)", QSettings::NativeFormat);
+    // Wine reads the kinds of file from the machine's part of the registry only.
+    QSettings classes("HKEY_CLASSES_ROOT", QSettings::NativeFormat);
     classes.setValue(".pdf/.", "QuilletTest.Pdf");
     classes.setValue(
         "QuilletTest.Pdf/shell/open/command/.",

@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "under_wine.h"
+
 namespace {
 
 // Two real copies of the program: the second must only show its box and end, the first must
@@ -14,25 +16,39 @@ TEST(SecondInstance, SecondCopyShowsTheBoxAndEndsWhileTheFirstRunsOn) {
     ASSERT_TRUE(runtime.isValid());
     QFile::setPermissions(runtime.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    // The lock lives in the user's runtime folder, or the temporary folder where there is none.
-    for (const char* folder : {"XDG_RUNTIME_DIR", "TEMP", "TMP"}) {
-        env.insert(folder, QDir::toNativeSeparators(runtime.path()));
-    }
-    env.insert("QT_QPA_PLATFORM", "offscreen");
+#ifdef _WIN32
+    // The lock lives in the user's temporary folder (wine sets that folder for each program).
+    const QString lockFolder = QDir::tempPath();
+    // A copy killed by an earlier run leaves its lock behind, naming its process number. Wine
+    // hands out the same numbers again in each session, so the first copy here may bear that
+    // number and take the lock for its own: in wine's throw-away prefix the old lock is removed.
+    if (quillet::underWine()) QFile::remove(QDir(lockFolder).filePath("Quillet2.0.lock"));
+#else
+    // The lock lives in the user's runtime folder: a folder of the test's own.
+    const QString lockFolder = runtime.path();
+    env.insert("XDG_RUNTIME_DIR", runtime.path());
+    env.insert("QT_QPA_PLATFORM", "offscreen");  // the Windows program has its own platform only
+#endif
 
     QProcess first;
     first.setProcessEnvironment(env);
     first.start(QUILLET_EXE, {});
     ASSERT_TRUE(first.waitForStarted(10000));
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return !QDir(runtime.path()).entryList({"*.lock"}, QDir::Files).isEmpty(); }, 10000));
+        [&] {
+            // Held by the first copy: a lock names its holder on its first line.
+            QFile lock(QDir(lockFolder).filePath("Quillet2.0.lock"));
+            return lock.open(QIODevice::ReadOnly) &&
+                   lock.readLine().trimmed() == QByteArray::number(first.processId());
+        },
+        20000));
 
     for (const char* answer : {"OK", "Cancel"}) {
         QProcess second;
         env.insert("QUILLET_SCRIPTED_DIALOGS", answer);
         second.setProcessEnvironment(env);
         second.start(QUILLET_EXE, {});
-        ASSERT_TRUE(second.waitForFinished(10000));
+        ASSERT_TRUE(second.waitForFinished(30000));
         EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(second.exitCode(), 0);
         const QString shown = QString::fromUtf8(second.readAllStandardOutput());
@@ -46,6 +62,7 @@ TEST(SecondInstance, SecondCopyShowsTheBoxAndEndsWhileTheFirstRunsOn) {
     EXPECT_EQ(first.state(), QProcess::Running);
     first.kill();
     first.waitForFinished(5000);
+    if (quillet::underWine()) QFile::remove(QDir(lockFolder).filePath("Quillet2.0.lock"));
 }
 
 }  // namespace
