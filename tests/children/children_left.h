@@ -4,6 +4,10 @@
 #include "tools/windows_api.h"
 // after windows.h, whose types it uses
 #include <tlhelp32.h>
+
+#include <string_view>
+
+#include "under_wine.h"
 #else
 #include <sys/wait.h>
 
@@ -19,6 +23,31 @@ namespace quillet::children {
 enum class Left { Unreleased, Any };
 
 #ifdef _WIN32
+// When a process started, as a number that grows with time; 0 when it cannot be asked.
+inline unsigned long long startTime(HANDLE process) {
+    FILETIME created{}, exited{}, kernel{}, user{};
+    if (!::GetProcessTimes(process, &created, &exited, &kernel, &user)) return 0;
+    return (static_cast<unsigned long long>(created.dwHighDateTime) << 32) | created.dwLowDateTime;
+}
+
+// Whether the process `id` is a child of this one. A process keeps the number of the parent that
+// started it after that parent has gone, and numbers are handed out again (wine does so at once,
+// in the same order each session), so a process of an earlier program can name this one as its
+// parent: a real child started after its parent.
+inline bool startedAfterUs(DWORD id) {
+    const HANDLE process = ::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
+    if (!process) return true;  // running, but not to be asked: counted
+    const bool after = startTime(process) >= startTime(::GetCurrentProcess());
+    ::CloseHandle(process);
+    return after;
+}
+
+// Wine shows the desktop through a process of its own, which it starts as a child of the first
+// program of a session to show a window: that one is not a child of the program's making.
+inline bool winesDesktop(const PROCESSENTRY32W& entry) {
+    return underWine() && std::wstring_view(entry.szExeFile) == L"explorer.exe";
+}
+
 // Windows keeps no ended child waiting for its parent, so either kind means one still running.
 inline bool anyChildLeft(Left) {
     const HANDLE snapshot = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
@@ -28,7 +57,8 @@ inline bool anyChildLeft(Left) {
     bool found = false;
     for (BOOL more = ::Process32FirstW(snapshot, &entry); more && !found;
          more = ::Process32NextW(snapshot, &entry)) {
-        found = entry.th32ParentProcessID == ::GetCurrentProcessId();
+        found = entry.th32ParentProcessID == ::GetCurrentProcessId() &&
+                startedAfterUs(entry.th32ProcessID) && !winesDesktop(entry);
     }
     ::CloseHandle(snapshot);
     return found;
