@@ -44,8 +44,9 @@ for sources in /etc/apt/sources.list.d/*.sources; do
 done
 [ ! -s /etc/apt/sources.list ] || sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$work/sources.list"
 touch "$work/sources.list"
+# The lists folder is this script's own, which apt's unprivileged download user may not write.
 apt_options=(-o "Dir::Etc::SourceList=$work/sources.list" -o "Dir::Etc::SourceParts=$work/parts"
-    -o "Dir::State::Lists=$work/lists")
+    -o "Dir::State::Lists=$work/lists" -o "APT::Sandbox::User=$(id -un)")
 apt-get "${apt_options[@]}" update -qq
 (cd "$work" && apt-get "${apt_options[@]}" source -qq "qt6-base=$version" >/dev/null 2>&1)
 source_dir=$(find "$work" -maxdepth 1 -type d -name 'qt6-base-*' | head -n 1)

@@ -10,7 +10,7 @@
 # Fails when a test fails. `bash setup.sh windows-test` installs what it needs and runs it.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
-build=${QUILLET_WINDOWS_BUILD_DIR:-$top/build-windows}
+build=$(realpath -m "${QUILLET_WINDOWS_BUILD_DIR:-$top/build-windows}")  # wine takes absolute paths
 
 bash "$top/cmake/windows-build.sh" "$build"
 
