@@ -33,9 +33,9 @@ install -- cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev ffmpeg
 if [ "$mode" = windows-test ] || [ "$mode" = windows-release ]; then
     # The cross compiler; Qt's source (dpkg-dev unpacks it) and its host tools, moc and the
     # others; wine alone, without the desktop packages it recommends, with a private display for
-    # the windows it shows; zip for the release.
+    # the windows it shows; zip and unzip for the release and its check.
     install --no-install-recommends -- g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
-        googletest dpkg-dev qt6-base-dev-tools wine64 xvfb xauth x11-utils fonts-dejavu-core zip
+        googletest dpkg-dev qt6-base-dev-tools wine64 xvfb xauth x11-utils fonts-dejavu-core zip unzip
 fi
 [ "$mode" != packages ] || exit 0
 [ "$mode" != windows-test ] || exec bash "$top/tests/run-windows-tests.sh"
