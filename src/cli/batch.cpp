@@ -9,7 +9,7 @@
 #include "cli/job_arguments.h"
 #include "cli/output_plan.h"
 #include "cli/source_facts.h"
-#include "cli/utf8_paths.h"
+#include "tools/utf8_paths.h"
 
 namespace quillet::cli {
 

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "app/text_format.h"
-#include "cli/utf8_paths.h"
+#include "tools/utf8_paths.h"
 
 namespace quillet::cli {
 

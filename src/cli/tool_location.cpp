@@ -9,7 +9,7 @@
 #include <unistd.h>
 #endif
 
-#include "cli/utf8_paths.h"
+#include "tools/utf8_paths.h"
 #include "tools/program_lookup.h"
 
 namespace quillet::cli {

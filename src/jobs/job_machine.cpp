@@ -73,6 +73,7 @@ void JobMachine::advance() {
                             ? QDir::toNativeSeparators(scratch_->path()).toStdString()
                             : std::string());
                 }
+                objDOS_->setOutputFile(outputFile());
                 // A command that cannot start has no output to wait for: the job goes on at once.
                 if (objDOS_->start(job_.commandLine())) return;
                 scratch_.reset();
@@ -169,8 +170,12 @@ void JobMachine::playOnCompletion() {
     state.OutputOpened = true;
 }
 
+std::string JobMachine::outputFile() const {
+    return job_.output ? job_.output() : forms_.state().OutputVideo;
+}
+
 void JobMachine::openOutput() {
-    forms_.dialogs().openExternally(job_.output ? job_.output() : forms_.state().OutputVideo);
+    forms_.dialogs().openExternally(outputFile());
 }
 
 }  // namespace quillet

@@ -31,7 +31,8 @@ struct JobDescription {
     bool readsCpuWithEachPiece = false;  // the processor monitor reads the load before each piece
     // The source's running time for the percentage; the job settings' VideoSeconds when null.
     std::function<std::string()> videoSeconds;
-    // The output that the play steps open; the job settings' OutputVideo when null.
+    // The file the command writes, which the play steps open and which a stopped run leaves
+    // nothing under; the job settings' OutputVideo when null.
     std::function<std::string()> output;
     std::function<void()> ending;  // the WindowEnding step
     bool readsOutput = true;       // false: ffmpeg's output is not looked at, its progress unknown
@@ -69,6 +70,7 @@ private:
     void objDOS_ReceiveOutputs(const std::string& CommandOutputs);
     void playOnCompletion();
     void openOutput();
+    std::string outputFile() const;
 
     Forms& forms_;
     QWidget& window_;

@@ -41,7 +41,7 @@ Form2::Form2(Forms& forms)
                 {},
                 false,
                 {},
-                {},
+                [this] { return output_; },
                 [this] { finishWrite(); },
                 false,
                 true}) {

@@ -44,20 +44,31 @@ bool CommandRunner::start(const std::string& commandLine) {
     dos_.ReceiveOutputs = [this](const std::string& piece) {
         if (!letGo_ && ReceiveOutputs) ReceiveOutputs(piece);
     };
+    const RunOutputMark before = markRunOutput(outputFile_);
     if (!dos_.StartCommand(commandLine, wakeup_)) return false;
+    outputBefore_ = before;
+    stopAsked_ = false;
     registry_.runStarted(*this);
     return true;
 }
 
 void CommandRunner::stopThenKill(std::chrono::milliseconds gracePeriod) {
     if (!running()) return;
+    stopAsked_ = true;
     dos_.StopChild();
     if (!killTimer_.isActive()) killTimer_.start(gracePeriod);
+}
+
+void CommandRunner::killNow() {
+    if (!running()) return;
+    dos_.KillChild();
+    removeStoppedRunOutput(outputFile_, outputBefore_);
 }
 
 void CommandRunner::deliver() {
     if (!dos_.DeliverOutputs()) return;
     killTimer_.stop();
+    if (stopAsked_) removeStoppedRunOutput(outputFile_, outputBefore_);
     // The registry first: the owner may start the next run, or let go of the runner.
     registry_.runEnded(*this);
     if (!letGo_ && OutputEnded) OutputEnded();

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tools/dos_outputs.h"
+#include "tools/run_output.h"
 
 namespace quillet {
 
@@ -30,6 +31,10 @@ public:
     bool running() const { return dos_.Executing(); }
     // See DOSOutputs::setWorkingFolder.
     void setWorkingFolder(std::string folder) { dos_.setWorkingFolder(std::move(folder)); }
+    // The file (UTF-8, full path) that the next runs write, or "". A run the program stops,
+    // whoever stops it, leaves no half-written file under that name: once its output has ended,
+    // what the run wrote there is removed. A run that ends by itself leaves it as it is.
+    void setOutputFile(std::string path) { outputFile_ = std::move(path); }
 
     // Asks the child to stop ("q" on its input, and the termination signal where there is one),
     // and ends it firmly once `gracePeriod` has passed if its output has not ended by then.
@@ -46,12 +51,18 @@ private:
     friend class RunningCommands;
     explicit CommandRunner(RunningCommands& registry);
     void deliver();
+    // For the end of the program, when nothing can wait for the run any more: ends its child at
+    // once and takes back what the run wrote.
+    void killNow();
 
     RunningCommands& registry_;
     DOSOutputs dos_;
     std::shared_ptr<QueuedWakeup> wakeup_;
     QTimer killTimer_;
     bool letGo_ = false;  // its window no longer wants it; it goes once its run is over
+    std::string outputFile_;
+    RunOutputMark outputBefore_;  // outputFile_ as the current run started
+    bool stopAsked_ = false;      // the program asked the current run to stop
 };
 
 }  // namespace quillet

@@ -12,7 +12,7 @@ RunningCommands::RunningCommands(std::chrono::milliseconds gracePeriod)
 RunningCommands::~RunningCommands() {
     // Nothing is left to follow a child still running by now.
     for (CommandRunner* runner : runners_) {
-        runner->dos_.KillChild();
+        runner->killNow();
         delete runner;
     }
 }

@@ -2,10 +2,11 @@
 // build). Named ffprobe*, it answers the running-time and picture-size queries of a 10-second
 // 1280x720 clip. Named anything else, it acts as ffmpeg encoding that clip: the input banner, then
 // one progress line a second of video, CHILD_FFMPEG_PAUSE_MS apart (default 150), on its error
-// stream; then it writes its last argument as the output and ends. A "q" on its input, or the end
-// of its input, stops it early as ffmpeg stops, with what it wrote so far.
+// stream; then it writes its last argument as the output and ends. A "q" on its input, the end of
+// its input or the termination signal stops it early as ffmpeg stops, with what it wrote so far.
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -18,6 +19,9 @@
 namespace {
 
 constexpr int kClipSeconds = 10;
+
+std::atomic<bool> stop = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "set from a signal handler");
 
 std::string twoDigits(int value) {
     return (value < 10 ? "0" : "") + std::to_string(value);
@@ -43,8 +47,8 @@ int probe(int argc, char** argv) {
 int encode(int argc, char** argv) {
     const char* pauseText = std::getenv("CHILD_FFMPEG_PAUSE_MS");
     const auto pause = std::chrono::milliseconds(pauseText ? std::atoi(pauseText) : 150);
-    std::atomic<bool> stop = false;
-    std::thread([&stop] {
+    std::signal(SIGTERM, [](int) { stop = true; });
+    std::thread([] {
         int byte = 0;
         while ((byte = std::getchar()) != EOF && byte != 'q') {
         }
@@ -56,7 +60,12 @@ int encode(int argc, char** argv) {
                                 "  Duration: 00:00:10.00, start: 0.000000, bitrate: 1200 kb/s\n");
     int second = 0;
     while (second < kClipSeconds && !stop) {
-        std::this_thread::sleep_for(pause);
+        // A stop is taken at once, however slow the clip goes, as ffmpeg takes it.
+        const auto next = std::chrono::steady_clock::now() + pause;
+        while (!stop && std::chrono::steady_clock::now() < next) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        if (stop) break;
         ++second;
         quillet::children::writeAll(2, progressLine(second));
     }

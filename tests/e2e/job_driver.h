@@ -65,6 +65,11 @@ protected:
         return tool;
     }
 
+    // Waits until ffmpeg has made `path`, so that a stop lands on a half-written file.
+    static bool waitForFile(const QString& path) {
+        return QTest::qWaitFor([&] { return QFileInfo::exists(path); }, 15000);
+    }
+
     QString output(const QString& source) const {
         return QFileInfo(source).dir().filePath("Compressed-" + QFileInfo(source).fileName());
     }

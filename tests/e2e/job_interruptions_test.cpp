@@ -49,6 +49,9 @@ protected:
 struct Method {
     const char* name;
     int item;  // of xpOption1
+    // The method's command quotes the output, so ffmpeg writes "Compressed-long clip.mp4"; ABR
+    // and QP leave it unquoted, and a name with a blank then never gets written at all.
+    bool writesUnderTheOutputName;
 };
 
 void PrintTo(const Method& method, std::ostream* out) {
@@ -59,36 +62,43 @@ class ExitDuringJob : public JobInterruption, public ::testing::WithParamInterfa
 
 TEST_P(ExitDuringJob, FileExitEndsFfmpegAndQuits) {
     const CompressionJob& job = *compressionJobForMethod(GetParam().name);
-    chooseLongClip();
+    const QString result = output(chooseLongClip());
     startJob(GetParam().item);
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(!GetParam().writesUnderTheOutputName || waitForFile(result));
     EXPECT_EQ(quitAfter([&] { trigger("mnu_Exit"); }), 0);
     EXPECT_LT(tookToQuit, 5000);
     expectAllGone(job.window);
+    EXPECT_FALSE(QFileInfo::exists(result));  // no half-written file under the final name
 }
 
 TEST_P(ExitDuringJob, ClosingTheMainWindowEndsFfmpegAndQuits) {
     const CompressionJob& job = *compressionJobForMethod(GetParam().name);
-    chooseLongClip();
+    const QString result = output(chooseLongClip());
     startJob(GetParam().item);
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(!GetParam().writesUnderTheOutputName || waitForFile(result));
     EXPECT_EQ(quitAfter([&] { form.close(); }), 0);
     EXPECT_LT(tookToQuit, 5000);
     expectAllGone(job.window);
+    EXPECT_FALSE(QFileInfo::exists(result));  // no half-written file under the final name
 }
 
 INSTANTIATE_TEST_SUITE_P(EachMethod, ExitDuringJob,
-                         ::testing::Values(Method{"TFS", 0}, Method{"CRF", 1}, Method{"ABR", 2},
-                                           Method{"QP", 3}),
+                         ::testing::Values(Method{"TFS", 0, true}, Method{"CRF", 1, true},
+                                           Method{"ABR", 2, false}, Method{"QP", 3, false}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(JobInterruption, ResetAppEndsTheJobAndTheNextStartWorks) {
     const QString source = chooseLongClip();
     startJob(1);
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(waitForFile(output(source)));
     trigger("mnu_Deselect");
     EXPECT_FALSE(forms.isLoaded(FormId::Form6));
     EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFileInfo::exists(output(source)); }, 1000));
+    EXPECT_TRUE(QFileInfo::exists(source));
     // The main window is as it was at the start.
     EXPECT_EQ(state.SourceVideo, "");
     EXPECT_EQ(text(c.Text8), "0000");
@@ -99,7 +109,7 @@ TEST_F(JobInterruption, ResetAppEndsTheJobAndTheNextStartWorks) {
     QTest::qWait(2500);  // the job's own steps, had any been left, would have run by now
     EXPECT_EQ(state.JobFinished, false);
 
-    // Choosing the source again and starting runs a whole job.
+    // Choosing a source again and starting runs a whole job, which keeps its output.
     const QString shortClip = folder.filePath("short.mp4");
     ASSERT_TRUE(makeClip(shortClip, 2));
     selectVideo(shortClip, "2");
@@ -125,9 +135,11 @@ TEST_F(JobInterruption, ExitDuringAToolRunEndsFfmpegAndQuits) {
     QWidget& tool = openTool("mnu_mp3Audio", FormId::Form10, source);
     tool.findChild<QAction*>("mnu_ReEncode")->trigger();
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(waitForFile(output(source)));
     EXPECT_EQ(quitAfter([&] { trigger("mnu_Exit"); }), 0);
     EXPECT_LT(tookToQuit, 5000);
     expectAllGone(FormId::Form10);
+    EXPECT_FALSE(QFileInfo::exists(output(source)));
 }
 
 TEST_F(JobInterruption, ClosingAToolWindowMidRunEndsItsFfmpeg) {
@@ -136,9 +148,11 @@ TEST_F(JobInterruption, ClosingAToolWindowMidRunEndsItsFfmpeg) {
     QWidget& tool = openTool("mnu_DownScaleRes", FormId::Form11, source, "mnu_Select");
     tool.findChild<QAction*>("mnu_EncVideo")->trigger();
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(waitForFile(output(source)));
     tool.close();
     EXPECT_FALSE(forms.isLoaded(FormId::Form11));
     EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFileInfo::exists(output(source)); }, 1000));
     EXPECT_TRUE(forms.isLoaded(FormId::Form1));  // the program goes on
 }
 
@@ -148,9 +162,11 @@ TEST_F(JobInterruption, ResetAppDuringAToolRunEndsFfmpegAndUnloadsTheTool) {
     QWidget& tool = openTool("mnu_AlterFPS", FormId::Form13, source);
     tool.findChild<QAction*>("mnu_EncodeVideo")->trigger();
     ASSERT_TRUE(waitForFfmpeg());
+    ASSERT_TRUE(waitForFile(output(source)));
     trigger("mnu_Deselect");
     EXPECT_FALSE(forms.isLoaded(FormId::Form13));
     EXPECT_TRUE(QTest::qWaitFor([] { return ffmpegChildren().empty(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFileInfo::exists(output(source)); }, 1000));
     QTest::qWait(2500);  // the tool's own steps, had any been left, would have run by now
     EXPECT_FALSE(state.JobFinished);
 }

@@ -1,8 +1,9 @@
 // The program ended by the system while it compresses: an orderly end for the termination
-// signals, and no ffmpeg left behind however it ends.
+// signals, which leaves no half-written output, and no ffmpeg left behind however it ends.
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,16 +36,22 @@ TEST_P(Termination, LeavesNoFfmpegRunning) {
     const int ffmpeg = line.mid(7).toInt();
     ASSERT_TRUE(running(ffmpeg));
 
+    const QString output = folder.filePath("Compressed-long clip.mp4");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(output); }, 15000));
+
     const int signal = GetParam();
     ::kill(static_cast<pid_t>(program.processId()), signal);
     if (signal == SIGKILL) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !running(ffmpeg); }, 2000));
     } else {
-        // An orderly end: ffmpeg asked to stop, then the program quits by itself.
+        // An orderly end: ffmpeg asked to stop, what it wrote taken back, then the program quits
+        // by itself.
         ASSERT_TRUE(program.waitForFinished(10000));
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program.exitCode(), 0);
         EXPECT_FALSE(running(ffmpeg));
+        EXPECT_FALSE(QFileInfo::exists(output));
+        EXPECT_TRUE(QFileInfo::exists(source));
     }
     program.waitForFinished(5000);
 }

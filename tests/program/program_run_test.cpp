@@ -2,7 +2,8 @@
 // gives one (the Windows build under wine shows it on a private display), with stand-ins for
 // ffmpeg and ffprobe in its folder. A person's whole session: the splash, the main window, a
 // compression chosen and started through the menus, the processor display switched off, and File >
-// Exit during the next compression; then the next start.
+// Exit during the next compression, which leaves no child and no half-written output; then the
+// next start.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -121,6 +122,9 @@ TEST_F(ProgramRun, CompressesThroughTheMenusThenExitDuringTheNextJobLeavesNoChil
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_FALSE(forms.isLoaded(FormId::Form1));
     EXPECT_TRUE(children::noChildLeft(children::Left::Any));
+    // The stopped run rewrote the first result as it stopped: what it wrote does not stay under
+    // the final name.
+    EXPECT_FALSE(QFileInfo::exists(output));
 
     // The next start reads the switch back: the display starts off.
     EXPECT_EQ(readSetting(kCpuSection, kCpuKey, kCpuDefault), "0");

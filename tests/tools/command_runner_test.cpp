@@ -9,11 +9,13 @@
 #include <QTimer>
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 
 #include "byte_pattern.h"
 #include "children_left.h"
 #include "runner_test_support.h"
 #include "tools/running_commands.h"
+#include "tools/utf8_paths.h"
 
 namespace quillet {
 namespace {
@@ -154,6 +156,59 @@ TEST_F(CommandRunnerTest, ARunnerLetGoWhileItsChildRunsStopsItAndTellsNothingMor
         EXPECT_TRUE(QTest::qWaitFor([&] { return commands.count() == 0; }, 5000)) << child;
         EXPECT_EQ(told, toldBefore) << child;
     }
+}
+
+// The stand-in ffmpeg writes its output as it ends, on its own or on "q": a stopped run leaves a
+// short file, as ffmpeg does, which must not stay under the name of a finished result.
+TEST_F(CommandRunnerTest, AStoppedRunTakesBackWhatItWroteAndNothingElse) {
+    const fs::path folder = fs::temp_directory_path() / fs::path(u8"quillet runner \u00e9t\u00e9");
+    fs::create_directories(folder);
+    const fs::path output = folder / fs::path(u8"Compressed-my clip \u00e9.mp4");
+    const std::string encode =
+        std::string(CHILD_FFMPEG) + " -i clip.mp4 -y \"" + utf8Of(output) + "\"";
+    qputenv("CHILD_FFMPEG_PAUSE_MS", "50");
+    runner->setOutputFile(utf8Of(output));
+
+    // A run that ends by itself keeps what it wrote: ten seconds of stand-in video.
+    ASSERT_TRUE(runToEnd(runner, encode));
+    EXPECT_EQ(fs::file_size(output), 10u * 1024);
+
+    // A run stopped by its window letting go, and one stopped at the program's end, rewrite that
+    // result with a shorter one, which goes. Each stops within its grace period, a second or two
+    // of video in.
+    qputenv("CHILD_FFMPEG_PAUSE_MS", "100");
+    for (const bool atProgramEnd : {false, true}) {
+        ASSERT_TRUE(fs::exists(output));
+        RunningCommands::RunnerHandle window = commands.newRunner();
+        window->setOutputFile(utf8Of(output));
+        bool progress = false;
+        window->ReceiveOutputs = [&](const std::string& piece) {
+            progress = progress || piece.find("time=") != std::string::npos;
+        };
+        ASSERT_TRUE(window->start(encode));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return progress; }, 5000));
+        bool goneWhenEndTold = false;
+        if (atProgramEnd) {
+            // The program ends as soon as it is told: by then the output must have gone.
+            commands.endAll([&] { goneWhenEndTold = !fs::exists(output); });
+        } else {
+            window.reset();
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !fs::exists(output); }, 5000))
+            << "at the program's end: " << atProgramEnd;
+        EXPECT_TRUE(!atProgramEnd || QTest::qWaitFor([&] { return goneWhenEndTold; }, 2000));
+        std::ofstream(output, std::ios::binary) << "an earlier result";
+    }
+
+    // A stopped run that never reached its output leaves the earlier result as it was.
+    runner->setOutputFile(utf8Of(output));
+    ASSERT_TRUE(runner->start(CHILD_QUIT_ON_Q));
+    QTest::qWait(100);
+    runner.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return commands.count() == 0; }, 5000));
+    EXPECT_EQ(fs::file_size(output), std::string("an earlier result").size());
+    qunsetenv("CHILD_FFMPEG_PAUSE_MS");
+    fs::remove_all(folder);
 }
 
 }  // namespace

@@ -3,9 +3,10 @@
 #include <filesystem>
 #include <string>
 
-namespace quillet::cli {
+namespace quillet {
 
-// Paths from and to the UTF-8 text the companion works in, whatever the system's code page.
+// Paths from and to the UTF-8 text the program keeps its names in, whatever the system's code
+// page.
 inline std::filesystem::path pathFromUtf8(const std::string& text) {
     return std::filesystem::path(std::u8string(text.begin(), text.end()));
 }
@@ -15,4 +16,4 @@ inline std::string utf8Of(const std::filesystem::path& path) {
     return std::string(text.begin(), text.end());
 }
 
-}  // namespace quillet::cli
+}  // namespace quillet
