@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Takes the README's pictures of the program on a private X display: the main window at rest, the
-# main window with a target-size job running on a generated clip, and each tool window. Needs a build (bash setup.sh
-# run or test) and Debian's xvfb, xdotool and imagemagick.
+# Takes the pictures of the program that the README and the user guide show, on a private X
+# display: the main window at rest, the main window with a target-size job running on a generated
+# clip, and each tool window. Needs a build (bash setup.sh run or test) and Debian's xvfb, xdotool
+# and imagemagick.
 # Usage: bash docs/screenshots.sh
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
