@@ -2,9 +2,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+#include "app/plain_text_box.h"
 #include "metadata/form2.h"
 #include "toolwindows/tool_menus.h"
 
@@ -37,7 +37,7 @@ void Form2::buildControls() {
         caption->setObjectName(QString("Label3(%1)").arg(index));
         const bool comment = index == kCommentField;
         QWidget* field =
-            comment ? static_cast<QWidget*>(new QPlainTextEdit(surface)) : new QLineEdit(surface);
+            comment ? static_cast<QWidget*>(new PlainTextBox(surface)) : new QLineEdit(surface);
         field->setMinimumWidth(200);
         field->setObjectName(QString("Text1(%1)").arg(index));
         if (comment) {
