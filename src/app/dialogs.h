@@ -25,8 +25,9 @@ public:
                                  const std::string& filter) = 0;
 
     // Opens a file (a full path) or a web address ("https://...") with the program the system
-    // associates with it, without waiting for that program.
-    virtual void openExternally(const std::string& pathOrAddress) = 0;
+    // associates with it, without waiting for that program. False when the system has no way to
+    // open it (no program set up for its kind).
+    virtual bool openExternally(const std::string& pathOrAddress) = 0;
 };
 
 }  // namespace quillet

@@ -63,10 +63,10 @@ std::string QtDialogs::openFile(const std::string& title, const std::string& fol
     return QDir::toNativeSeparators(chosen).toStdString();
 }
 
-void QtDialogs::openExternally(const std::string& pathOrAddress) {
+bool QtDialogs::openExternally(const std::string& pathOrAddress) {
     const QString target = QString::fromStdString(pathOrAddress);
     const bool isAddress = target.startsWith("http://") || target.startsWith("https://");
-    QDesktopServices::openUrl(isAddress ? QUrl(target) : QUrl::fromLocalFile(target));
+    return QDesktopServices::openUrl(isAddress ? QUrl(target) : QUrl::fromLocalFile(target));
 }
 
 }  // namespace quillet

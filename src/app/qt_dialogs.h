@@ -13,7 +13,7 @@ public:
                                 int flags) override;
     std::string openFile(const std::string& title, const std::string& folder,
                          const std::string& filter) override;
-    void openExternally(const std::string& pathOrAddress) override;
+    bool openExternally(const std::string& pathOrAddress) override;
 };
 
 }  // namespace quillet

@@ -57,8 +57,9 @@ std::string ScriptedDialogs::openFile(const std::string& title, const std::strin
     return answer;
 }
 
-void ScriptedDialogs::openExternally(const std::string& pathOrAddress) {
+bool ScriptedDialogs::openExternally(const std::string& pathOrAddress) {
     record({"open externally", pathOrAddress, {}, 0, {}});
+    return openingWorks_;
 }
 
 void ScriptedDialogs::record(Shown entry) {

@@ -35,7 +35,9 @@ public:
                                 int flags) override;
     std::string openFile(const std::string& title, const std::string& folder,
                          const std::string& filter) override;
-    void openExternally(const std::string& pathOrAddress) override;
+    // Whether the system has a program for what is opened: yes, unless told otherwise.
+    void setOpeningWorks(bool works) { openingWorks_ = works; }
+    bool openExternally(const std::string& pathOrAddress) override;
 
 private:
     void record(Shown entry);
@@ -44,6 +46,7 @@ private:
     std::deque<std::string> fileAnswers_;
     std::vector<Shown> shown_;
     std::ostream* log_;
+    bool openingWorks_ = true;
 };
 
 }  // namespace quillet

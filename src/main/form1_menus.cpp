@@ -83,7 +83,15 @@ void Form1::mnu_StartCompress_Click() {
 void Form1::mnu_Help_Click() {
     const std::string help = programFolder() + kThisPlatform.separator + "Quillet 2.pdf";
     if (QFileInfo::exists(QString::fromStdString(help))) {
-        forms_.dialogs().openExternally(help);
+        // Where the desktop has no program for PDF files, the person still learns where the
+        // guide is, to open it some other way.
+        if (!forms_.dialogs().openExternally(help)) {
+            forms_.dialogs().messageBox(
+                "No program to show PDF files is set up on this computer, so the help guide "
+                "could not be opened.\r\n\r\nThe guide is the file:\r\n" +
+                    help,
+                "Help", MessageBoxFlags::Exclamation);
+        }
     } else {
         forms_.dialogs().messageBox("Cannot find the help PDF file", "Error",
                                     MessageBoxFlags::Exclamation);

@@ -90,6 +90,16 @@ TEST_F(Form1Menus, HelpOpensTheGuideBesideTheProgramOrSaysItIsMissing) {
     ASSERT_EQ(dialogs.shown().size(), 2u);
     EXPECT_EQ(dialogs.shown()[1].kind, "open externally");
     EXPECT_EQ(dialogs.shown()[1].text, QDir::toNativeSeparators(guide).toStdString());
+
+    // A desktop with no program for PDF files: a message says where the guide is.
+    dialogs.setOpeningWorks(false);
+    trigger("mnu_Help");
+    ASSERT_EQ(dialogs.shown().size(), 4u);
+    EXPECT_EQ(dialogs.shown()[2].kind, "open externally");
+    EXPECT_EQ(dialogs.shown()[3].kind, "message box");
+    EXPECT_EQ(dialogs.shown()[3].flags, 48);
+    EXPECT_TRUE(dialogs.shown()[3].text.ends_with(QDir::toNativeSeparators(guide).toStdString()))
+        << dialogs.shown()[3].text;
     QFile::remove(guide);
 }
 
