@@ -4,7 +4,10 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 #include <QStringList>
 #include <QUrl>
 
@@ -30,6 +33,21 @@ QMessageBox::StandardButton standardButton(MessageBoxButton button) {
     return QMessageBox::Ok;
 }
 
+// A message box is as wide as its text, and a short text leaves too little room for the title
+// beside the title bar's icon and buttons, where the window manager cuts it short. The box is
+// widened to hold its title in the title bar's larger, bold type.
+void keepTitleWhole(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid) return;
+    QFont titleFont = box.font();
+    titleFont.setBold(true);
+    titleFont.setPointSizeF(titleFont.pointSizeF() * 1.25);
+    const int decorations = 4 * QFontMetrics(titleFont).height() + 48;  // icon, three buttons
+    const int width = QFontMetrics(titleFont).horizontalAdvance(box.windowTitle()) + decorations;
+    grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum),
+                  grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 MessageBoxButton QtDialogs::messageBox(const std::string& text, const std::string& title,
@@ -43,6 +61,7 @@ MessageBoxButton QtDialogs::messageBox(const std::string& text, const std::strin
     box.setDefaultButton(standardButton(style.buttons.front()));
     box.setEscapeButton(standardButton(escapeButton(style)));
     if (style.systemModal) box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    keepTitleWhole(box);
     const int pressed = box.exec();
     for (MessageBoxButton button : style.buttons) {
         if (pressed == standardButton(button)) return button;
