@@ -5,6 +5,7 @@
 #include "app/main_window.h"
 #include "app/platform_names.h"
 #include "app/program_folder.h"
+#include "app/title_bar.h"
 
 namespace quillet {
 
@@ -34,7 +35,8 @@ JobWindow::JobWindow(Forms& forms, FormId id)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sourceLabel_);
     layout->addWidget(outputLabel_);
-    setMinimumWidth(360);
+    // Wide enough for the title bar to show the method whole.
+    setMinimumWidth(titleBarWidth(*this));
 }
 
 void JobWindow::Form_Load() {
