@@ -193,11 +193,13 @@ private:
         c_.Text7 = makeBox("0,000", "Text7", surface_);
         c_.Text10 = makeBox("0,000", "Text10", surface_);
         c_.Label2 = makeLabel("Target Size - 60% of Original Video Size", surface_, "Label2");
+        // The share of the source grows to "Compress to 100%" once a video is chosen: it has a line
+        // of its own under the slider, so it never reaches the bit rate's caption or its box.
         p.grid->addWidget(c_.xpSlider4, 0, 0, 1, 2);
         p.grid->addWidget(c_.Text7, 0, 2);
-        p.grid->addWidget(c_.Label2, 1, 0);
-        p.grid->addWidget(caption("New Bit Rate (kbps)"), 1, 1, Qt::AlignRight);
-        p.grid->addWidget(c_.Text10, 1, 2);
+        p.grid->addWidget(c_.Label2, 1, 0, 1, 3);
+        p.grid->addWidget(caption("New Bit Rate (kbps)"), 2, 1, Qt::AlignRight);
+        p.grid->addWidget(c_.Text10, 2, 2);
         p.grid->setColumnStretch(0, 1);
         p.grid->setColumnMinimumWidth(2, 90);
         return p.frame;
