@@ -1,10 +1,15 @@
 // The metadata editor's fields, labels and menus.
+#include <QDate>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/plain_text_box.h"
+#include "app/qt_format_locale.h"
 #include "metadata/form2.h"
 #include "toolwindows/tool_menus.h"
 
@@ -14,6 +19,36 @@ namespace {
 
 // The fields stand in two columns of captions and boxes, the comment box across both.
 constexpr int kColumns = 2;
+
+// The widest text that "Enter Todays Time and Date" writes this year, in `metrics`: every weekday
+// and month name of the user's language, morning and afternoon.
+int widestTodaysDate(const QFontMetrics& metrics) {
+    const FormatLocale locale = formatLocale();
+    const int year = QDate::currentDate().year();
+    int widest = 0;
+    for (int hour : {8, 20}) {
+        for (int weekday = 0; weekday < 7; ++weekday) {
+            for (int month = 1; month <= 12; ++month) {
+                const std::string text =
+                    todaysTimeAndDate({hour, 58, 58}, {year, month, 28, weekday}, locale);
+                widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(text)));
+            }
+        }
+    }
+    return widest;
+}
+
+// How wide `box` must be to show `textWidth` pixels of text, with its frame and margins.
+int boxWidthFor(const QLineEdit& box, int textWidth) {
+    QStyleOptionFrame option;
+    option.initFrom(&box);
+    option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
+    const QMargins margins = box.textMargins();
+    // The box keeps two pixels clear on either side of its text.
+    const QSize text(textWidth + margins.left() + margins.right() + 2 * 2,
+                     box.fontMetrics().height());
+    return box.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, &box).width();
+}
 
 }  // namespace
 
@@ -30,6 +65,8 @@ void Form2::buildControls() {
     layout->addWidget(Label2);
 
     auto* grid = new QGridLayout;
+    // Three blanks between a caption and its box, so "Gapless Playback" does not touch its box.
+    grid->setHorizontalSpacing(surface->fontMetrics().horizontalAdvance(QString(3, ' ')));
     int row = 0;
     int column = 0;
     for (std::size_t index = 0; index < kMetadataKeyCount; ++index) {
@@ -57,6 +94,10 @@ void Form2::buildControls() {
         }
         Text1[index] = field;
     }
+    // Today's time and date is longer than most entries: its box shows it whole, unfocused too.
+    auto* date = static_cast<QLineEdit*>(Text1[kDateField]);
+    date->setMinimumWidth(
+        std::max(date->minimumWidth(), boxWidthFor(*date, widestTodaysDate(date->fontMetrics()))));
     layout->addLayout(grid);
     setField(kEncodingToolField, "Quillet 2.0");
 }

@@ -5,9 +5,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "app/qt_format_locale.h"
 #include "form1_test_window.h"
 #include "metadata/form2.h"
 #include "native_path.h"
+#include "text_fits.h"
 
 namespace quillet {
 namespace {
@@ -100,6 +102,30 @@ TEST_F(MetadataEditor, ResetAllKeepsTheOutputAndAFolderlessPathKeepsItToo) {
         editor().commandLine().ends_with(" -y \"" + native("/videos/Compressed-a b.mp4") + "\""));
     trigger("mnu_WriteMetaData");  // the source is gone: nothing happens
     EXPECT_TRUE(dialogs.shown().empty() || dialogs.shown().back().kind == "open file");
+}
+
+TEST_F(MetadataEditor, CaptionsStandClearOfTheirBoxesAndEveryTextIsWhole) {
+    settleLayouts();
+    EXPECT_TRUE(textIsWhole(editor()));
+    for (int index = 0; index < 23; ++index) {
+        const auto* caption = editor().findChild<QLabel*>(QString("Label3(%1)").arg(index));
+        const auto* box = editor().findChild<QWidget*>(QString("Text1(%1)").arg(index));
+        EXPECT_TRUE(apart(caption, box, &editor(), blanks(caption, 2)));
+    }
+}
+
+TEST_F(MetadataEditor, TheDateBoxShowsTodaysTimeAndDateWholeOnAnyDay) {
+    trigger("mnu_EnterDate");
+    settleLayouts();
+    EXPECT_TRUE(textFits(field(5)));
+    const FormatLocale locale = formatLocale();
+    for (int weekday = 0; weekday < 7; ++weekday) {
+        for (int month = 1; month <= 12; ++month) {
+            field(5)->setText(QString::fromStdString(
+                todaysTimeAndDate({23, 59, 59}, {2026, month, 30, weekday}, locale)));
+            EXPECT_TRUE(textFits(field(5)));
+        }
+    }
 }
 
 }  // namespace
