@@ -1,6 +1,7 @@
 // The MP3 audio tool's controls, with their captions and first values, and their layout.
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -66,33 +67,43 @@ void Form10::buildControls() {
     List1->setMaximumHeight(List1->sizeHintForRow(0) * 5 + 2 * List1->frameWidth());
     Label19 = namedLabel("Label19", QString::fromStdString(sampleRateCaption("44100")), audio);
     audioGrid->addWidget(namedLabel("Label18", "libmp3lame", audio), 0, 0);
-    audioGrid->addWidget(Label21, 0, 1);
-    audioGrid->addWidget(namedLabel("Label3", "Control Audio quality with qscale ", audio), 1, 0, 1,
-                         4);
+    audioGrid->addWidget(Label21, 0, 1, 1, 3);
+    // The chosen qscale follows its caption, away from "Max q = 9" at the slider's end, where it
+    // would read as "Max q = 9 5".
+    auto* qscale = new QHBoxLayout;
+    qscale->addWidget(namedLabel("Label3", "Control Audio quality with qscale ", audio));
+    qscale->addWidget(Label5);
+    qscale->addStretch();
+    audioGrid->addLayout(qscale, 1, 0, 1, 4);
     audioGrid->addWidget(namedLabel("Label6", "Min q = 1", audio), 2, 0);
     audioGrid->addWidget(xpSlider2, 2, 1, 1, 2);
     audioGrid->addWidget(namedLabel("Label7", "Max q = 9", audio), 2, 3);
-    audioGrid->addWidget(Label5, 2, 4);
     audioGrid->addWidget(namedLabel("Label10", "Smaller Audio Data Size", audio), 3, 0, 1, 2);
     audioGrid->addWidget(namedLabel("Label9", "Large Audio Data Size", audio), 3, 2, 1, 2,
                          Qt::AlignRight);
     audioGrid->addWidget(Label19, 4, 0, 1, 2);
-    audioGrid->addWidget(List1, 4, 2, 1, 3);
+    audioGrid->addWidget(List1, 4, 2, 1, 2);
     audioGrid->setColumnStretch(1, 1);
     audioGrid->setColumnStretch(2, 1);
     layout->addWidget(audio);
 
+    // The run's clocks as a small table: each number under the heading of its unit, on the line of
+    // its caption.
     auto* run = new QGridLayout;
     Label11 = namedLabel("Label11", "", surface);
     Label12 = namedLabel("Label12", "", surface);
     Label4 = namedLabel("Label4", "", surface);
     Label13 = namedLabel("Label13", "", surface);
-    run->addWidget(namedLabel("Label22", "Running Time", surface), 0, 0);
-    run->addWidget(Label11, 0, 1);
-    run->addWidget(Label12, 0, 2);
-    run->addWidget(Label4, 0, 3);
-    run->addWidget(namedLabel("Label23", "Encoded Time", surface), 1, 0);
-    run->addWidget(Label13, 1, 1);
+    run->addWidget(namedLabel("clockHeading", "h:mm:ss", surface), 0, 1);
+    run->addWidget(namedLabel("secondsHeading", "seconds", surface), 0, 2);
+    run->addWidget(namedLabel("Label22", "Running Time", surface), 1, 0);
+    run->addWidget(Label11, 1, 1);
+    run->addWidget(Label12, 1, 2);
+    run->addWidget(namedLabel("Label23", "Encoded Time", surface), 2, 0);
+    run->addWidget(Label13, 2, 1);
+    run->addWidget(namedLabel("barMaximumCaption", "Progress Bar Maximum", surface), 3, 0);
+    run->addWidget(Label4, 3, 2);
+    run->setColumnStretch(3, 1);
     layout->addLayout(run);
     PBar = new QProgressBar(surface);
     PBar->setObjectName("PBar");

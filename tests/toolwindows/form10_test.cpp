@@ -6,6 +6,7 @@
 
 #include "main/xp_slider.h"
 #include "native_path.h"
+#include "text_fits.h"
 #include "tool_window_test.h"
 #include "toolwindows/form10.h"
 
@@ -113,6 +114,53 @@ TEST_F(Mp3Tool, ViewingTheCommandShowsAnOptionALineAndNoRunsNothing) {
                             "\"\n\nExecute this set of instructions now ?"),
               std::string::npos);
     EXPECT_FALSE(state.ToolBusy);
+}
+
+TEST_F(Mp3Tool, EveryTextIsWholeWithItsValuesAtTheirWidest) {
+    control<XpSlider>("xpSlider1")->setValue(50);
+    control<XpSlider>("xpSlider2")->setValue(9);
+    control<QRadioButton>("Option1(0)")->click();  // "Preset  UltraFast"
+    const std::pair<const char*, const char*> texts[] = {
+        {"Label11", "10:00:00"},
+        {"Label12", "36000"},
+        {"Label4", "36000"},
+        {"Label13", "10:00:00"},
+        {"Label8", "Compression Progress 100.00% Complete"}};
+    for (const auto& [name, text] : texts) control<QLabel>(name)->setText(text);
+    EXPECT_TRUE(textIsWhole(tool()));
+    // The qscale is not read as part of the slider's end caption.
+    EXPECT_TRUE(apart(control<QLabel>("Label7"), control<QLabel>("Label5"), &tool(),
+                      blanks(control<QLabel>("Label7"), 2)));
+}
+
+TEST_F(Mp3Tool, EachNumberOfTheRunStandsUnderItsUnitOnItsCaptionsLine) {
+    const std::pair<const char*, const char*> texts[] = {
+        {"Label11", "0:00:10"}, {"Label12", "10"}, {"Label4", "10"}, {"Label13", "0:00:04"}};
+    for (const auto& [name, text] : texts) control<QLabel>(name)->setText(text);
+    settleLayouts();
+    auto at = [this](const char* name) {
+        const QWidget* widget = control<QWidget>(name);
+        return QRect(widget->mapTo(&tool(), QPoint(0, 0)), widget->size());
+    };
+    auto sameLine = [](const QRect& a, const QRect& b) {
+        return a.top() <= b.bottom() && b.top() <= a.bottom();
+    };
+    auto sameColumn = [](const QRect& a, const QRect& b) {
+        return a.left() <= b.right() && b.left() <= a.right();
+    };
+    const std::tuple<const char*, const char*, const char*> numbers[] = {
+        {"Label11", "clockHeading", "Label22"},
+        {"Label12", "secondsHeading", "Label22"},
+        {"Label13", "clockHeading", "Label23"},
+        {"Label4", "secondsHeading", "barMaximumCaption"}};
+    for (const auto& [number, unit, caption] : numbers) {
+        ASSERT_TRUE(control<QWidget>(unit) && control<QWidget>(caption));
+        EXPECT_TRUE(sameColumn(at(number), at(unit)) && at(unit).bottom() < at(number).top())
+            << number << " under " << unit;
+        EXPECT_TRUE(sameLine(at(number), at(caption))) << number << " beside " << caption;
+    }
+    EXPECT_EQ(control<QLabel>("secondsHeading")->text(), "seconds");
+    EXPECT_EQ(control<QLabel>("barMaximumCaption")->text(), "Progress Bar Maximum");
 }
 
 }  // namespace
