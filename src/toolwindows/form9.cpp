@@ -52,6 +52,9 @@ Form9::Form9(Forms& forms)
     auto* closeGround = new QVBoxLayout(Label2);
     closeGround->setContentsMargins(4, 3, 4, 3);
     closeGround->addWidget(Label1);
+    // A label takes its size from its own text, not from a layout inside it: without this the
+    // window is sized before the ground has grown to hold "Close", and cuts it.
+    Label2->setMinimumSize(closeGround->minimumSize());
     showCloseHighlight(false);
 
     auto* layout = new QVBoxLayout(this);

@@ -4,6 +4,7 @@
 
 #include "form1_test_window.h"
 #include "main/option_array.h"
+#include "text_fits.h"
 
 namespace quillet {
 namespace {
@@ -72,6 +73,10 @@ TEST_F(SampleRateChooser, DraggingItsBackgroundMovesIt) {
     QTest::mouseMove(background, {45, 25});
     QTest::mouseRelease(background, Qt::LeftButton, {}, {45, 25});
     EXPECT_EQ(chooser().pos(), before + QPoint(40, 20));
+}
+
+TEST_F(SampleRateChooser, EveryRateAndCloseAreWhole) {
+    EXPECT_TRUE(textIsWhole(chooser()));
 }
 
 }  // namespace
