@@ -71,9 +71,7 @@ void Form11::buildControls() {
     Label9 = namedLabel("Label9", "Select Video", surface);
     Label3 = namedLabel("Label3", "Compress Video", surface);
     for (QLabel* command : {Label9, Label3}) {
-        command->setCursor(Qt::PointingHandCursor);
-        command->setFrameShape(QFrame::StyledPanel);
-        command->setAlignment(Qt::AlignCenter);
+        showAsCommand(command);
         commands->addWidget(command);
     }
     layout->addLayout(commands);

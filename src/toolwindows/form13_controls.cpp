@@ -32,7 +32,6 @@ void Form13::buildControls() {
 
     auto* heading = new QLabel("Alter the Video Frames Per Second Rate (fps)", surface);
     heading->setObjectName("Label4");
-    layout->addWidget(heading);
 
     auto* rates = new QGroupBox("Video Frame Rate (fps)", surface);
     auto* grid = new QGridLayout(rates);
@@ -45,22 +44,30 @@ void Form13::buildControls() {
     Text1 = new QLineEdit("30", rates);
     Text1->setObjectName("Text1");
     Text1->setMaximumWidth(80);
-    Label3 = new QLabel("Change fps", rates);
-    Label3->setObjectName("Label3");
-    Label3->setCursor(Qt::PointingHandCursor);
     grid->addWidget(Check1, 1, 0, 1, 2);
     grid->addWidget(Text1, 1, 2);
-    grid->addWidget(Label3, 1, 4, 1, 2, Qt::AlignRight);
-    layout->addWidget(rates);
 
     Label1 = new QLabel("Video Name", surface);
     Label1->setObjectName("Label1");
     Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    layout->addWidget(Label1);
     Label2 = new QLabel(surface);
     Label2->setObjectName("Label2");
+
+    // "Change fps" runs the encode, as the down-scale tool's "Compress Video" does, and looks
+    // like it: a command along the bottom edge.
+    Label3 = new QLabel("Change fps", surface);
+    Label3->setObjectName("Label3");
+    showAsCommand(Label3);
+
+    // Room to spare goes between the parts, evenly, so no part of the window stands empty.
+    layout->addWidget(heading);
+    layout->addStretch(1);
+    layout->addWidget(rates);
+    layout->addStretch(1);
+    layout->addWidget(Label1);
     layout->addWidget(Label2);
-    layout->addStretch();
+    layout->addStretch(1);
+    layout->addWidget(Label3);
 
     addToolMenu(*this, "mnu_File", "File",
                 {{"mnu_SelectVideo", "Select Video", [this] { mnu_SelectVideo_Click(); }}});

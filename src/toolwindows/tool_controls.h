@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFrame>
 #include <QLabel>
 #include <QString>
 #include <QStringList>
@@ -12,6 +13,14 @@ inline QLabel* namedLabel(const char* name, const QString& text, QWidget* parent
     auto* made = new QLabel(text, parent);
     made->setObjectName(name);
     return made;
+}
+
+// A label that acts as a button (it runs its command when the mouse is released on it) looks like
+// one: framed, its caption centred, the pointing hand over it.
+inline void showAsCommand(QLabel* label) {
+    label->setCursor(Qt::PointingHandCursor);
+    label->setFrameShape(QFrame::StyledPanel);
+    label->setAlignment(Qt::AlignCenter);
 }
 
 // The captions of an option group from its table: texts as they stand, numbers as written.

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "text_fits.h"
 #include "tool_window_test.h"
 #include "toolwindows/form11.h"
 
@@ -85,6 +86,18 @@ TEST_F(DownScaleTool, ASourceShowsItsSizeAndTheStatesFollowEachOther) {
     selectFileOf(0);
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return text(c.status(StatusCell::SourceSize)) == "Init Size: 0,000Mb"; }, 2000));
+}
+
+TEST_F(DownScaleTool, EveryTextIsWholeInEachState) {
+    control<QRadioButton>("Option1(3)")->click();  // "1280:720"
+    control<QCheckBox>("Check1")->click();
+    control<QCheckBox>("Check2")->click();
+    control<QLabel>("Label13")->setText("1920 x 1080");
+    for (const char* state : {"Waiting for Source Video", "Reading Source Video Data",
+                              "Ready to Modify Video Resolution", "Working On Video Resolution"}) {
+        control<QLabel>("Label8")->setText(state);
+        EXPECT_TRUE(textIsWhole(tool())) << state;
+    }
 }
 
 }  // namespace

@@ -3,7 +3,10 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
+#include "native_path.h"
+#include "text_fits.h"
 #include "tool_window_test.h"
+#include "toolwindows/form11.h"
 #include "toolwindows/form13.h"
 
 namespace quillet {
@@ -53,6 +56,31 @@ TEST_F(FrameRateTool, CustomRatesAreCutToWholeNumbersAndLettersAreRefused) {
     EXPECT_EQ(dialogs.shown().back().flags, 49);
     encode();
     EXPECT_TRUE(commandHas("fps=23 "));  // the rate read before stays in force
+}
+
+TEST_F(FrameRateTool, AtItsOwnSizeTheWindowIsFilledAndChangeFpsLooksLikeACommand) {
+    EXPECT_EQ(tool().size(), QSize(583, 248));  // 8745 by 3720 twips
+    QLabel* status = control<QLabel>("Label2");
+    status->setText("Changing the frame rate to 30 fps");
+    control<QLabel>("Label1")->setText(QString::fromStdString(native("/videos/holiday.mp4")));
+    EXPECT_TRUE(textIsWhole(tool()));
+
+    // The parts share the window: below the lowest, no more than a line stands empty.
+    int lowest = 0;
+    for (const QWidget* widget : textWidgetsOf(tool())) {
+        lowest = std::max(lowest, widget->mapTo(&tool(), QPoint(0, widget->height())).y());
+    }
+    EXPECT_LE(tool().centralWidget()->geometry().bottom() + 1 - lowest,
+              status->fontMetrics().height());
+
+    // "Change fps" looks like the down-scale tool's "Compress Video".
+    form.findChild<QAction*>("mnu_DownScaleRes")->trigger();
+    const QLabel* command = forms.get<Form11>().findChild<QLabel*>("Label3");
+    const QLabel* changeFps = control<QLabel>("Label3");
+    EXPECT_NE(changeFps->frameShape(), QFrame::NoFrame);
+    EXPECT_EQ(changeFps->frameShape(), command->frameShape());
+    EXPECT_EQ(changeFps->alignment(), command->alignment());
+    EXPECT_EQ(changeFps->cursor().shape(), Qt::PointingHandCursor);
 }
 
 }  // namespace
