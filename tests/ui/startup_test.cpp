@@ -14,6 +14,7 @@
 #include "app/startup.h"
 #include "main/form1.h"
 #include "program_windows.h"
+#include "text_fits.h"
 
 namespace quillet {
 namespace {
@@ -63,6 +64,7 @@ TEST(Startup, SplashComesFirstThenMainWindowThenSplashFadesAway) {
         },
         2000))
         << label3->text().toStdString();
+    EXPECT_TRUE(textIsWhole(*splash));
 
     // Opaque and on top until the four-second tick, then a fade of about 1.3 s.
     QTest::qWait(2500 - static_cast<int>(clock.elapsed() - 1000));
