@@ -4,7 +4,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
-#include <QFontMetrics>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QSpacerItem>
@@ -12,6 +11,7 @@
 #include <QUrl>
 
 #include "app/file_filter.h"
+#include "app/title_bar.h"
 
 namespace quillet {
 
@@ -34,18 +34,12 @@ QMessageBox::StandardButton standardButton(MessageBoxButton button) {
 }
 
 // A message box is as wide as its text, and a short text leaves too little room for the title
-// beside the title bar's icon and buttons, where the window manager cuts it short. The box is
-// widened to hold its title in the title bar's larger, bold type.
+// beside the title bar's icon and buttons, where the window manager cuts it short.
 void keepTitleWhole(QMessageBox& box) {
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (!grid) return;
-    QFont titleFont = box.font();
-    titleFont.setBold(true);
-    titleFont.setPointSizeF(titleFont.pointSizeF() * 1.25);
-    const int decorations = 4 * QFontMetrics(titleFont).height() + 48;  // icon, three buttons
-    const int width = QFontMetrics(titleFont).horizontalAdvance(box.windowTitle()) + decorations;
-    grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum),
-                  grid->rowCount(), 0, 1, grid->columnCount());
+    grid->addItem(new QSpacerItem(titleBarWidth(box), 0), grid->rowCount(), 0, 1,
+                  grid->columnCount());
 }
 
 }  // namespace

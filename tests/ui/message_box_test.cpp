@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFontMetrics>
 #include <QMessageBox>
 #include <QTimer>
 
 #include "app/qt_dialogs.h"
+#include "app/title_bar.h"
 
 namespace quillet {
 namespace {
@@ -23,22 +23,16 @@ TEST(MessageBoxTitle, ShortMessagesLeaveRoomForTheWholeTitle) {
     };
     for (const auto& shown : boxes) {
         int width = 0;
-        QString title;
+        int titleWidth = 0;
         QTimer::singleShot(0, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_TRUE(box);
             width = box->width();
-            title = box->windowTitle();
+            titleWidth = titleBarWidth(*box);
             box->accept();
         });
         QtDialogs().messageBox(shown.text, shown.title, MessageBoxFlags::OkOnly);
-        // The title bar sets its title in larger, bold type, beside an icon and three buttons,
-        // each about as wide as the bar is high.
-        QFont titleFont = QApplication::font();
-        titleFont.setBold(true);
-        titleFont.setPointSizeF(titleFont.pointSizeF() * 1.25);
-        const QFontMetrics metrics(titleFont);
-        EXPECT_GE(width, metrics.horizontalAdvance(title) + 4 * metrics.height()) << shown.text;
+        EXPECT_GE(width, titleWidth) << shown.text;
     }
 }
 
