@@ -61,8 +61,14 @@ inline int textRoomOf(const QLineEdit* box) {
     return contents.width() - margins.left() - margins.right() - 2 * 2;
 }
 
-// Whether the widget shows its whole text at the size it has. A label whose layout is told to
-// ignore its width (a file name cut at the window's edge on purpose) is not asked.
+// Whether a label's text is to be shown whole: not when it has none, nor when its layout is told
+// to ignore its width (a file name cut at the window's edge on purpose).
+inline bool showsWholeText(const QLabel* label) {
+    return !label->text().isEmpty() &&
+           label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored;
+}
+
+// Whether the widget shows its whole text at the size it has.
 inline ::testing::AssertionResult textFits(const QWidget* widget) {
     const QSize size = widget->size();
     auto cut = [&](const QSize& needed) {
@@ -71,10 +77,7 @@ inline ::testing::AssertionResult textFits(const QWidget* widget) {
                << needed.height() << " but has " << size.width() << "x" << size.height();
     };
     if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        if (label->text().isEmpty() ||
-            label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) {
-            return ::testing::AssertionSuccess();
-        }
+        if (!showsWholeText(label)) return ::testing::AssertionSuccess();
         if (label->wordWrap()) {
             const int height = label->heightForWidth(size.width());
             if (height > size.height()) return cut({size.width(), height});
@@ -189,10 +192,7 @@ inline bool related(const QWidget* a, const QWidget* b) {
 }
 
 inline bool showsText(const QWidget* widget) {
-    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        return !label->text().isEmpty() &&
-               label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored;
-    }
+    if (const auto* label = qobject_cast<const QLabel*>(widget)) return showsWholeText(label);
     return qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget);
 }
 
