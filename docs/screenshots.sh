@@ -30,7 +30,9 @@ click 20 8 && click 60 32
 sleep 2
 click 75 8 && click 110 32
 sleep 6
-DISPLAY=$display import -window root -crop 1000x835+0+0 +repage "$top/docs/quillet-job.png"
+# The bare display below the job window, black, is painted white to blend with the page.
+DISPLAY=$display import -window root -crop 1000x835+0+0 +repage "$work/job.png"
+convert "$work/job.png" -fill white -draw "color 999,834 floodfill" "$top/docs/quillet-job.png"
 
 # The tools, each from its menu item (Tools > MP3 audio, down-scale, frame rate, metadata), and the sample-rate
 # chooser from the main window's "48000 Hz"; each picture is of the window alone.
