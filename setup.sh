@@ -29,7 +29,7 @@ install() {
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${options[@]}" "${missing[@]}" \
         >/dev/null
 }
-install -- cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev ffmpeg
+install -- cmake ninja-build g++ ccache qt6-base-dev libgl-dev libgtest-dev ffmpeg
 if [ "$mode" = windows-test ] || [ "$mode" = windows-release ]; then
     # The cross compiler; Qt's source (dpkg-dev unpacks it) and its host tools, moc and the
     # others; wine alone, without the desktop packages it recommends, with a private display for
