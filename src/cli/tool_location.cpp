@@ -9,8 +9,8 @@
 #include <unistd.h>
 #endif
 
-#include "tools/utf8_paths.h"
 #include "tools/program_lookup.h"
+#include "tools/utf8_paths.h"
 
 namespace quillet::cli {
 
