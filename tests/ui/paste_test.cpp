@@ -44,14 +44,6 @@ QMimeData* plainText() {
     return data;
 }
 
-QString multiLine(const QPlainTextEdit* box) {
-    return box->toPlainText();
-}
-
-QString multiLine(const QTextEdit* box) {
-    return box->toPlainText();
-}
-
 // Pastes with Ctrl+V and with Shift+Insert into an empty box and returns what each left there.
 template <class Box>
 std::pair<QString, QString> pasteBothWays(Box* box) {
@@ -59,10 +51,10 @@ std::pair<QString, QString> pasteBothWays(Box* box) {
     box->clear();
     box->setFocus();
     QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
-    pasted.first = multiLine(box);
+    pasted.first = box->toPlainText();
     box->clear();
     QTest::keyClick(box, Qt::Key_Insert, Qt::ShiftModifier);
-    pasted.second = multiLine(box);
+    pasted.second = box->toPlainText();
     return pasted;
 }
 
