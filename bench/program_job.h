@@ -8,13 +8,13 @@
 #include <QTemporaryDir>
 
 #include "app/forms.h"
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 #include "app/scripted_dialogs.h"
 #include "event_loop.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
-#include "main/option_array.h"
-#include "main/xp_slider.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 #include "media.h"
 #include "program_windows.h"
 

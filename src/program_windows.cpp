@@ -5,10 +5,10 @@
 #include "jobs/job_window.h"
 #include "main/form1.h"
 #include "metadata/form2.h"
-#include "tools/form14.h"
 #include "toolwindows/form10.h"
 #include "toolwindows/form11.h"
 #include "toolwindows/form13.h"
+#include "toolwindows/form14.h"
 #include "toolwindows/form9.h"
 
 namespace quillet {

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "app/cpu_sampler.h"
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

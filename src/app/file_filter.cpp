@@ -1,6 +1,6 @@
 #include "app/file_filter.h"
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

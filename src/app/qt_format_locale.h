@@ -3,7 +3,7 @@
 #include <QDateTime>
 #include <QLocale>
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

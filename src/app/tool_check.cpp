@@ -1,6 +1,6 @@
 #include "app/tool_check.h"
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/dialogs.h"
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

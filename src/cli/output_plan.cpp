@@ -4,7 +4,7 @@
 #include <array>
 #include <system_error>
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 #include "tools/utf8_paths.h"
 
 namespace quillet::cli {

@@ -1,6 +1,6 @@
 #include "jobs/command_lines.h"
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 #include "tools/command_words.h"
 
 namespace quillet {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/platform_names.h"
 #include "app/program_state.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "app/form_id.h"
-#include "app/platform_names.h"
 #include "app/program_state.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

@@ -3,9 +3,9 @@
 #include <QVBoxLayout>
 
 #include "app/main_window.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/title_bar.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

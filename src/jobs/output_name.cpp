@@ -1,6 +1,6 @@
 #include "jobs/output_name.h"
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

@@ -14,13 +14,13 @@
 #include "app/twips.h"
 #include "main/compression_settings.h"
 #include "main/hover_effects.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
 #include "main/slider_tables.h"
 #include "main/speed_cell_row.h"
 #include "main/system_menu.h"
 #include "main/target_size.h"
-#include "main/xp_slider.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

@@ -10,9 +10,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "main/option_array.h"
 #include "main/speed_cell_row.h"
-#include "main/xp_slider.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

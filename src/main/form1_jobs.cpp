@@ -9,10 +9,10 @@
 #include "jobs/job_steps.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
 #include "main/shared_values_reset.h"
 #include "main/speed_cell_row.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
 
 namespace quillet {
 

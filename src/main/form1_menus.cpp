@@ -7,14 +7,14 @@
 #include <map>
 
 #include "app/forms.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/settings_store.h"
 #include "app/tool_check.h"
+#include "base/platform_names.h"
 #include "main/form1.h"
 #include "main/menu_items.h"
-#include "main/option_array.h"
-#include "main/xp_slider.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

@@ -3,15 +3,15 @@
 #include <QLineEdit>
 
 #include "app/forms.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/tool_check.h"
+#include "base/platform_names.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
-#include "main/mouse_up.h"
-#include "main/source_file.h"
-#include "main/source_video.h"
 #include "tools/duration_probe.h"
+#include "widgets/mouse_up.h"
+#include "widgets/source_file.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

@@ -4,14 +4,14 @@
 #include <QLineEdit>
 
 #include "app/forms.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/tool_check.h"
 #include "app/window_placement.h"
+#include "base/platform_names.h"
 #include "main/form1.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
-#include "main/xp_slider.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <algorithm>
 
-#include "main/label_looks.h"
+#include "widgets/label_looks.h"
 
 namespace quillet {
 

@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "main/label_looks.h"
+#include "widgets/label_looks.h"
 
 namespace quillet {
 

@@ -7,11 +7,11 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/qt_format_locale.h"
+#include "base/platform_names.h"
 #include "jobs/output_name.h"
-#include "main/source_video.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

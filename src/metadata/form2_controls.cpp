@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/plain_text_box.h"
 #include "app/qt_format_locale.h"
 #include "metadata/form2.h"
-#include "toolwindows/tool_menus.h"
+#include "widgets/plain_text_box.h"
+#include "widgets/tool_menus.h"
 
 namespace quillet {
 

@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
-#include "app/platform_names.h"
 #include "app/settings_store.h"
-#include "app/text_format.h"
+#include "base/platform_names.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

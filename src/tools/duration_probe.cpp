@@ -7,7 +7,7 @@
 #include <system_error>
 #include <thread>
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 #include "tools/command_words.h"
 #include "tools/dos_outputs.h"
 

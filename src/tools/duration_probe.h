@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 #include "tools/command_words.h"
 
 namespace quillet {

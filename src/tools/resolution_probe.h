@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

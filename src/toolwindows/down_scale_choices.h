@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

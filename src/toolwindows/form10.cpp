@@ -6,19 +6,19 @@
 #include <QProgressBar>
 
 #include "app/main_window.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
-#include "app/text_format.h"
+#include "base/platform_names.h"
+#include "base/text_format.h"
 #include "jobs/output_name.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
-#include "main/source_file.h"
-#include "main/source_video.h"
-#include "main/xp_slider.h"
 #include "toolwindows/mp3_tool_choices.h"
 #include "toolwindows/tool_command_lines.h"
 #include "toolwindows/tool_job_steps.h"
-#include "toolwindows/tool_menus.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
+#include "widgets/source_file.h"
+#include "widgets/source_video.h"
+#include "widgets/tool_menus.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

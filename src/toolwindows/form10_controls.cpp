@@ -8,11 +8,11 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "main/option_array.h"
-#include "main/xp_slider.h"
 #include "toolwindows/form10.h"
 #include "toolwindows/mp3_tool_choices.h"
 #include "toolwindows/tool_controls.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 

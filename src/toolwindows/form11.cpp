@@ -6,16 +6,16 @@
 #include <QRadioButton>
 
 #include "app/main_window.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
+#include "base/platform_names.h"
 #include "jobs/output_name.h"
-#include "main/option_array.h"
-#include "main/source_file.h"
-#include "main/source_video.h"
-#include "tools/form14.h"
 #include "toolwindows/down_scale_choices.h"
+#include "toolwindows/form14.h"
 #include "toolwindows/mp3_tool_choices.h"
 #include "toolwindows/tool_job_steps.h"
+#include "widgets/option_array.h"
+#include "widgets/source_file.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

@@ -6,12 +6,12 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "main/mouse_up.h"
-#include "main/option_array.h"
 #include "toolwindows/down_scale_choices.h"
 #include "toolwindows/form11.h"
 #include "toolwindows/tool_controls.h"
-#include "toolwindows/tool_menus.h"
+#include "widgets/mouse_up.h"
+#include "widgets/option_array.h"
+#include "widgets/tool_menus.h"
 
 namespace quillet {
 

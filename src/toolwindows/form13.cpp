@@ -8,17 +8,17 @@
 #include <QRadioButton>
 
 #include "app/main_window.h"
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/qt_format_locale.h"
+#include "base/platform_names.h"
 #include "jobs/output_name.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
-#include "main/source_file.h"
-#include "main/source_video.h"
 #include "toolwindows/frame_rate_choices.h"
 #include "toolwindows/tool_command_lines.h"
 #include "toolwindows/tool_job_steps.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
+#include "widgets/source_file.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

@@ -8,12 +8,12 @@
 #include <QVBoxLayout>
 
 #include "app/twips.h"
-#include "main/mouse_up.h"
-#include "main/option_array.h"
 #include "toolwindows/form13.h"
 #include "toolwindows/frame_rate_choices.h"
 #include "toolwindows/tool_controls.h"
-#include "toolwindows/tool_menus.h"
+#include "widgets/mouse_up.h"
+#include "widgets/option_array.h"
+#include "widgets/tool_menus.h"
 
 namespace quillet {
 

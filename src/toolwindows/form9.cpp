@@ -8,10 +8,10 @@
 
 #include "app/main_window.h"
 #include "app/twips.h"
-#include "main/label_looks.h"
-#include "main/option_array.h"
 #include "toolwindows/sample_rate_choices.h"
 #include "toolwindows/tool_controls.h"
+#include "widgets/label_looks.h"
+#include "widgets/option_array.h"
 
 namespace quillet {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

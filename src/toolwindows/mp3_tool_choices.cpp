@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/text_format.h"
-#include "main/source_video.h"
+#include "base/text_format.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

@@ -1,6 +1,6 @@
 #include "toolwindows/sample_rate_choices.h"
 
-#include "app/text_format.h"
+#include "base/text_format.h"
 
 namespace quillet {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 
 namespace quillet {
 

@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <set>
 
-#include "app/platform_names.h"
+#include "base/platform_names.h"
 #include "job_driver.h"
 #include "jobs/output_name.h"
 

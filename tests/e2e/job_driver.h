@@ -8,7 +8,7 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 #include "media.h"
 #include "processes.h"
 

@@ -15,7 +15,7 @@
 #include "app/scripted_dialogs.h"
 #include "app/termination_signals.h"
 #include "main/form1.h"
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 #include "processes.h"
 #include "program_windows.h"
 

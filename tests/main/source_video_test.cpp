@@ -1,4 +1,4 @@
-#include "main/source_video.h"
+#include "widgets/source_video.h"
 
 #include <gtest/gtest.h>
 

@@ -28,7 +28,7 @@
 #include "app/startup.h"
 #include "children_left.h"
 #include "main/form1.h"
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 #include "program_windows.h"
 
 namespace quillet {

@@ -4,7 +4,7 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "main/xp_slider.h"
+#include "widgets/xp_slider.h"
 #include "native_path.h"
 #include "text_fits.h"
 #include "tool_window_test.h"

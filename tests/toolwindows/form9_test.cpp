@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 #include "text_fits.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "main/xp_slider.h"
+#include "widgets/xp_slider.h"
 #include "text_fits.h"
 
 namespace quillet {

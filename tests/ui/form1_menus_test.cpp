@@ -7,8 +7,8 @@
 #include <QRadioButton>
 
 #include "form1_test_window.h"
-#include "main/option_array.h"
-#include "main/xp_slider.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 namespace {

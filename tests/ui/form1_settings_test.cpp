@@ -4,9 +4,9 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 #include "main/speed_cell_row.h"
-#include "main/xp_slider.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 namespace {

@@ -1,5 +1,5 @@
 #include "form1_test_window.h"
-#include "main/xp_slider.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 namespace {

@@ -10,7 +10,7 @@
 #include "app/forms.h"
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
-#include "main/label_looks.h"
+#include "widgets/label_looks.h"
 #include "program_windows.h"
 
 namespace quillet {

@@ -1,4 +1,4 @@
-#include "app/plain_text_box.h"
+#include "widgets/plain_text_box.h"
 
 #include <QDir>
 #include <QMimeData>

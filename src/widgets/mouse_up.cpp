@@ -1,4 +1,4 @@
-#include "main/mouse_up.h"
+#include "widgets/mouse_up.h"
 
 #include <QEvent>
 #include <QMouseEvent>

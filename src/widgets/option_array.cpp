@@ -1,4 +1,4 @@
-#include "main/option_array.h"
+#include "widgets/option_array.h"
 
 #include <QRadioButton>
 

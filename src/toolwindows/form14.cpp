@@ -1,7 +1,7 @@
-#include "tools/form14.h"
+#include "toolwindows/form14.h"
 
-#include "app/platform_names.h"
 #include "app/program_folder.h"
+#include "base/platform_names.h"
 #include "tools/command_runner.h"
 #include "tools/resolution_display.h"
 #include "tools/resolution_probe.h"

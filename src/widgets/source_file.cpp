@@ -1,12 +1,12 @@
-#include "main/source_file.h"
+#include "widgets/source_file.h"
 
 #include <QFileInfo>
 #include <QLocale>
 
-#include "app/platform_names.h"
 #include "app/program_folder.h"
 #include "app/qt_format_locale.h"
-#include "main/source_video.h"
+#include "base/platform_names.h"
+#include "widgets/source_video.h"
 
 namespace quillet {
 

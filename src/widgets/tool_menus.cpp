@@ -1,4 +1,4 @@
-#include "toolwindows/tool_menus.h"
+#include "widgets/tool_menus.h"
 
 #include <QAction>
 #include <QMainWindow>

@@ -1,4 +1,4 @@
-#include "main/xp_slider.h"
+#include "widgets/xp_slider.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "main/label_looks.h"
+#include "widgets/label_looks.h"
 
 #include <QPalette>
 #include <QWidget>
