@@ -8,15 +8,15 @@
 #include <QTemporaryDir>
 
 #include "app/forms.h"
-#include "base/platform_names.h"
 #include "app/scripted_dialogs.h"
+#include "base/platform_names.h"
 #include "event_loop.h"
 #include "jobs/output_name.h"
 #include "main/form1.h"
-#include "widgets/option_array.h"
-#include "widgets/xp_slider.h"
 #include "media.h"
 #include "program_windows.h"
+#include "widgets/option_array.h"
+#include "widgets/xp_slider.h"
 
 // A target-size job through the program's own windows, started with Compress > Start Compression;
 // returns once its window has gone. The source's size and running time are given as the main

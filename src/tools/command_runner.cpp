@@ -2,8 +2,6 @@
 
 #include <mutex>
 
-#include "tools/running_commands.h"
-
 namespace quillet {
 
 // Turns the reading thread's wake-ups into events of the runner's own, on the window's thread.
@@ -30,8 +28,8 @@ private:
     const std::function<void()> onWake_;
 };
 
-CommandRunner::CommandRunner(RunningCommands& registry)
-    : registry_(registry), wakeup_(std::make_shared<QueuedWakeup>(this, [this] { deliver(); })) {
+CommandRunner::CommandRunner(RunWatcher& watcher)
+    : watcher_(watcher), wakeup_(std::make_shared<QueuedWakeup>(this, [this] { deliver(); })) {
     killTimer_.setSingleShot(true);
     connect(&killTimer_, &QTimer::timeout, this, [this] { dos_.KillChild(); });
 }
@@ -42,13 +40,13 @@ CommandRunner::~CommandRunner() {
 
 bool CommandRunner::start(const std::string& commandLine) {
     dos_.ReceiveOutputs = [this](const std::string& piece) {
-        if (!letGo_ && ReceiveOutputs) ReceiveOutputs(piece);
+        if (!dismissed_ && ReceiveOutputs) ReceiveOutputs(piece);
     };
     const RunOutputMark before = markRunOutput(outputFile_);
     if (!dos_.StartCommand(commandLine, wakeup_)) return false;
     outputBefore_ = before;
     stopAsked_ = false;
-    registry_.runStarted(*this);
+    watcher_.runStarted(*this);
     return true;
 }
 
@@ -69,9 +67,9 @@ void CommandRunner::deliver() {
     if (!dos_.DeliverOutputs()) return;
     killTimer_.stop();
     if (stopAsked_) removeStoppedRunOutput(outputFile_, outputBefore_);
-    // The registry first: the owner may start the next run, or let go of the runner.
-    registry_.runEnded(*this);
-    if (!letGo_ && OutputEnded) OutputEnded();
+    // The keeper first: it may let go of the runner, and the window may start the next run.
+    watcher_.runEnded(*this);
+    if (!dismissed_ && OutputEnded) OutputEnded();
 }
 
 }  // namespace quillet

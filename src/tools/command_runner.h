@@ -12,17 +12,30 @@
 
 namespace quillet {
 
+class CommandRunner;
 class QueuedWakeup;
-class RunningCommands;
+
+// What a runner tells whoever keeps it: that a run has started, and that a run's output has ended
+// (before the runner's own OutputEnded, so that the keeper may let go of it first).
+class RunWatcher {
+public:
+    virtual void runStarted(CommandRunner& runner) = 0;
+    virtual void runEnded(CommandRunner& runner) = 0;
+
+protected:
+    ~RunWatcher() = default;
+};
 
 // Runs one command at a time for a window without ever waiting on the window's thread: the
 // command is started and returns at once; each piece of its output then arrives on the window's
 // thread as an event, in order, and after the last, empty piece the end of the output is told.
-// Made and kept by RunningCommands, which may keep it a little longer than its window.
+// The windows' runners are made and kept by RunningCommands, which may keep one a little longer
+// than its window.
 class CommandRunner : public QObject {
     Q_OBJECT
 
 public:
+    explicit CommandRunner(RunWatcher& watcher);
     ~CommandRunner() override;
 
     // Starts the command line (see DOSOutputs::StartCommand). False, with nothing told, when no
@@ -40,6 +53,14 @@ public:
     // and ends it firmly once `gracePeriod` has passed if its output has not ended by then.
     void stopThenKill(std::chrono::milliseconds gracePeriod);
 
+    // For the end of the program, when nothing can wait for the run any more: ends its child at
+    // once and takes back what the run wrote.
+    void killNow();
+
+    // Its window no longer wants it: from now on neither handler below is called.
+    void dismiss() { dismissed_ = true; }
+    bool dismissed() const { return dismissed_; }
+
     // Everything read during the latest run.
     const std::string& Outputs() const { return dos_.Outputs(); }
 
@@ -48,18 +69,13 @@ public:
     std::function<void()> OutputEnded;
 
 private:
-    friend class RunningCommands;
-    explicit CommandRunner(RunningCommands& registry);
     void deliver();
-    // For the end of the program, when nothing can wait for the run any more: ends its child at
-    // once and takes back what the run wrote.
-    void killNow();
 
-    RunningCommands& registry_;
+    RunWatcher& watcher_;
     DOSOutputs dos_;
     std::shared_ptr<QueuedWakeup> wakeup_;
     QTimer killTimer_;
-    bool letGo_ = false;  // its window no longer wants it; it goes once its run is over
+    bool dismissed_ = false;
     std::string outputFile_;
     RunOutputMark outputBefore_;  // outputFile_ as the current run started
     bool stopAsked_ = false;      // the program asked the current run to stop

@@ -36,7 +36,7 @@ void RunningCommands::endAll(std::function<void()> whenAllEnded) {
 
 void RunningCommands::letGo(CommandRunner* runner) {
     // Its window is going: nothing more is told to it.
-    runner->letGo_ = true;
+    runner->dismiss();
     if (runner->running()) {
         runner->stopThenKill(gracePeriod_);
     } else {
@@ -49,7 +49,7 @@ void RunningCommands::runStarted(CommandRunner& runner) {
 }
 
 void RunningCommands::runEnded(CommandRunner& runner) {
-    if (runner.letGo_) forget(runner);
+    if (runner.dismissed()) forget(runner);
     endingStepForward();
 }
 

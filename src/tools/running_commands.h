@@ -16,7 +16,7 @@ namespace quillet {
 // A window holds its runner as a RunnerHandle; when the window lets go while a command runs, the
 // child is asked to stop, ended firmly after the grace period, and the runner stays here until
 // its output has ended. Window thread only; lives longer than the windows.
-class RunningCommands {
+class RunningCommands : private RunWatcher {
 public:
     explicit RunningCommands(std::chrono::milliseconds gracePeriod = std::chrono::seconds(3));
     ~RunningCommands();
@@ -42,10 +42,9 @@ public:
     void endAll(std::function<void()> whenAllEnded);
 
 private:
-    friend class CommandRunner;
     void letGo(CommandRunner* runner);
-    void runStarted(CommandRunner& runner);
-    void runEnded(CommandRunner& runner);
+    void runStarted(CommandRunner& runner) override;
+    void runEnded(CommandRunner& runner) override;
     void forget(CommandRunner& runner);
     // During an ending: once no command runs any more, its callers are told.
     void endingStepForward();

@@ -8,9 +8,9 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "widgets/option_array.h"
 #include "media.h"
 #include "processes.h"
+#include "widgets/option_array.h"
 
 namespace quillet {
 

@@ -15,9 +15,9 @@
 #include "app/scripted_dialogs.h"
 #include "app/termination_signals.h"
 #include "main/form1.h"
-#include "widgets/option_array.h"
 #include "processes.h"
 #include "program_windows.h"
+#include "widgets/option_array.h"
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

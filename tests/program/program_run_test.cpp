@@ -28,8 +28,8 @@
 #include "app/startup.h"
 #include "children_left.h"
 #include "main/form1.h"
-#include "widgets/option_array.h"
 #include "program_windows.h"
+#include "widgets/option_array.h"
 
 namespace quillet {
 namespace {

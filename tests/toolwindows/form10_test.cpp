@@ -4,11 +4,11 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "widgets/xp_slider.h"
 #include "native_path.h"
 #include "text_fits.h"
 #include "tool_window_test.h"
 #include "toolwindows/form10.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 namespace {

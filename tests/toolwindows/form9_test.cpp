@@ -3,8 +3,8 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "widgets/option_array.h"
 #include "text_fits.h"
+#include "widgets/option_array.h"
 
 namespace quillet {
 namespace {

@@ -1,8 +1,8 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "widgets/xp_slider.h"
 #include "text_fits.h"
+#include "widgets/xp_slider.h"
 
 namespace quillet {
 namespace {

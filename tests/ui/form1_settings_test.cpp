@@ -4,8 +4,8 @@
 #include <QTest>
 
 #include "form1_test_window.h"
-#include "widgets/option_array.h"
 #include "main/speed_cell_row.h"
+#include "widgets/option_array.h"
 #include "widgets/xp_slider.h"
 
 namespace quillet {

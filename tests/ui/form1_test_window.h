@@ -10,8 +10,8 @@
 #include "app/forms.h"
 #include "app/scripted_dialogs.h"
 #include "main/form1.h"
-#include "widgets/label_looks.h"
 #include "program_windows.h"
+#include "widgets/label_looks.h"
 
 namespace quillet {
 
