@@ -1,6 +1,7 @@
 // The program's entry: refuses a second copy, puts every window in the registry and starts up.
 #include <QApplication>
 
+#include "app/message_box.h"
 #include "app/program_end.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
@@ -18,7 +19,9 @@ int main(int argc, char** argv) {
     if (!instance.isFirst()) {
         // Whichever button is pressed, the second copy ends here without a window of its own.
         dialogs->messageBox("Quillet (Version 2.0) Is already running.", "Quillet (Version 2.0)",
-                            4145);
+                            quillet::MessageBoxFlags::SystemModal |
+                                quillet::MessageBoxFlags::Exclamation |
+                                quillet::MessageBoxFlags::OkCancel);
         return 0;
     }
 

@@ -236,7 +236,6 @@ void Form1::setUpTimers() {
     restores(Timer10, 250, values);
     Timer11.setInterval(1000);
     connect(&Timer11, &QTimer::timeout, this, &Form1::Timer11_Timer);
-    Timer12.setInterval(1000);
     restores(Timer13, 250, statusCells);
 }
 

@@ -146,8 +146,6 @@ private:
     QTimer Timer9;   // splash window gone once a tool runs
     QTimer Timer10;  // slider value colours
     QTimer Timer11;  // end of a target-size job
-    QTimer Timer12;  // kept the old background player silent; ffprobe, which replaced it, needs
-                     // nothing
     QTimer Timer13;  // status strip colours
 
     // Source selection.
