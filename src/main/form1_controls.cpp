@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "main/form1_control_parts.h"
 #include "main/speed_cell_row.h"
 #include "widgets/option_array.h"
 #include "widgets/xp_slider.h"
@@ -17,64 +18,6 @@
 namespace quillet {
 
 namespace {
-
-QLabel* makeLabel(const QString& text, QWidget* parent, const QString& name = {}) {
-    auto* label = new QLabel(text, parent);
-    if (!name.isEmpty()) label->setObjectName(name);
-    return label;
-}
-
-// A value label beside a slider, wide enough for its longest text so the layout never jumps.
-QLabel* makeValueLabel(const QString& text, const QString& name, const QString& widest,
-                       QWidget* parent) {
-    QLabel* label = makeLabel(text, parent, name);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest) + 4);
-    return label;
-}
-
-// The information boxes show what the program worked out; the user does not type into them.
-QLineEdit* makeBox(const QString& text, const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(text, parent);
-    box->setObjectName(name);
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::NoFocus);
-    box->setAlignment(Qt::AlignRight);
-    return box;
-}
-
-// A framed group with its caption on top and a grid for its controls.
-struct Panel {
-    QFrame* frame;
-    QLabel* caption;
-    QGridLayout* grid;
-};
-
-Panel makePanel(const QString& caption, QWidget* parent) {
-    auto* frame = new QFrame(parent);
-    frame->setFrameShape(QFrame::StyledPanel);
-    frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    auto* layout = new QVBoxLayout(frame);
-    layout->setContentsMargins(10, 6, 10, 8);
-    layout->setSpacing(4);
-    QLabel* title = makeLabel(caption, frame);
-    QFont font = title->font();
-    font.setBold(true);
-    title->setFont(font);
-    layout->addWidget(title);
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(4);
-    layout->addLayout(grid);
-    return {frame, title, grid};
-}
-
-// One slider with its value label and, where it has one, its unit label, on a grid row.
-void addSliderRow(QGridLayout* grid, int row, int column, XpSlider* slider, QLabel* value,
-                  QLabel* unit = nullptr) {
-    grid->addWidget(slider, row, column);
-    grid->addWidget(value, row, column + 1);
-    if (unit) grid->addWidget(unit, row, column + 2);
-}
 
 class Builder {
 public:
