@@ -15,6 +15,27 @@
 
 namespace quillet {
 
+namespace {
+
+void nameOutput(ProgramState& state) {
+    if (const auto output = compressedFileName(state.SourceVideo, kThisPlatform.separator)) {
+        state.OutputVideo = *output;
+    }
+}
+
+void closeSampleRateChooser(Forms& forms) {
+    if (const QWidget* chooser = forms.loaded(FormId::Form9); chooser && chooser->isVisible()) {
+        forms.unload(FormId::Form9);
+    }
+}
+
+}  // namespace
+
+ProgressDisplay* mainWindowDisplay(Forms& forms) {
+    MainWindow* mainWindow = forms.mainWindow();
+    return mainWindow ? &mainWindow->progressDisplay() : nullptr;
+}
+
 JobMachine::JobMachine(Forms& forms, QWidget& window, JobDescription job)
     : forms_(forms), window_(window), job_(std::move(job)) {
     wait_.setSingleShot(true);
@@ -94,10 +115,7 @@ void JobMachine::perform(const JobStep& step) {
             window_.show();
             break;
         case JobAction::NameOutput:
-            if (const auto output =
-                    compressedFileName(state.SourceVideo, kThisPlatform.separator)) {
-                state.OutputVideo = *output;
-            }
+            nameOutput(state);
             break;
         case JobAction::SpeedDisplayOn:
         case JobAction::SpeedDisplayOff:
@@ -111,10 +129,7 @@ void JobMachine::perform(const JobStep& step) {
             state.JobFinished = true;
             break;
         case JobAction::CloseSampleRateChooser:
-            if (const QWidget* chooser = forms_.loaded(FormId::Form9);
-                chooser && chooser->isVisible()) {
-                forms_.unload(FormId::Form9);
-            }
+            closeSampleRateChooser(forms_);
             break;
         case JobAction::ForgetSpeedLevel:
             state.SpeedLevel = -1;

@@ -21,26 +21,31 @@ class Forms;
 class ProgressDisplay;
 
 // What a window hands the job machine: its steps, its command line, and where its progress goes.
+// Every field has a default, so that a window names only the fields it sets.
 struct JobDescription {
-    FormId window;
-    std::span<const JobStep> steps;
-    std::function<std::string()> commandLine;  // built when the command runs
+    FormId window{};
+    std::span<const JobStep> steps{};
+    std::function<std::string()> commandLine{};  // built when the command runs
     bool followsTime = true;
     std::string_view captionEnding = kCaptionCompleted;
-    std::function<ProgressDisplay*()> display;  // null while there is nowhere to show it
+    std::function<ProgressDisplay*()> display{};  // null while there is nowhere to show it
     bool readsCpuWithEachPiece = false;  // the processor monitor reads the load before each piece
     // The source's running time for the percentage; the job settings' VideoSeconds when null.
-    std::function<std::string()> videoSeconds;
+    std::function<std::string()> videoSeconds{};
     // The file the command writes, which the play steps open and which a stopped run leaves
     // nothing under; the job settings' OutputVideo when null.
-    std::function<std::string()> output;
-    std::function<void()> ending;  // the WindowEnding step
-    bool readsOutput = true;       // false: ffmpeg's output is not looked at, its progress unknown
+    std::function<std::string()> output{};
+    std::function<void()> ending{};  // the WindowEnding step
+    bool readsOutput = true;  // false: ffmpeg's output is not looked at, its progress unknown
     // ffmpeg works in an empty folder of its own, removed after the run, so that a name the
     // command leaves relative (a quote typed into a value can cut a path short) writes nothing
     // anywhere else.
     bool worksInScratchFolder = false;
 };
+
+// The main window's progress display, where a job shows what the main window shows of it; null once
+// the main window has gone (the program ending).
+ProgressDisplay* mainWindowDisplay(Forms& forms);
 
 // Runs one window's job as an object rather than a call stack: it takes the window's steps one
 // after the other, and where a step takes time (a wait, a run of ffmpeg) it returns to the event

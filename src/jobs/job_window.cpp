@@ -2,7 +2,6 @@
 
 #include <QVBoxLayout>
 
-#include "app/main_window.h"
 #include "app/program_folder.h"
 #include "app/title_bar.h"
 #include "base/platform_names.h"
@@ -15,22 +14,15 @@ JobWindow::JobWindow(Forms& forms, FormId id)
       job_(compressionJobOfWindow(id)),
       sourceLabel_(new QLabel(this)),
       outputLabel_(new QLabel(this)),
-      machine_(forms, *this,
-               {id,
-                job_.steps,
-                [this] { return job_.commandLine(programFolder(), forms_.state(), kThisPlatform); },
-                job_.followsTime,
-                kCaptionCompleted,
-                [this]() -> ProgressDisplay* {
-                    MainWindow* mainWindow = forms_.mainWindow();
-                    return mainWindow ? &mainWindow->progressDisplay() : nullptr;
-                },
-                job_.readsCpuWithEachPiece,
-                {},
-                {},
-                {},
-                true,
-                false}) {
+      machine_(
+          forms, *this,
+          {.window = id,
+           .steps = job_.steps,
+           .commandLine =
+               [this] { return job_.commandLine(programFolder(), forms_.state(), kThisPlatform); },
+           .followsTime = job_.followsTime,
+           .display = [&forms] { return mainWindowDisplay(forms); },
+           .readsCpuWithEachPiece = job_.readsCpuWithEachPiece}) {
     setWindowTitle(job_.title);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sourceLabel_);

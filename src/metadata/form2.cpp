@@ -33,18 +33,14 @@ Form2::Form2(Forms& forms)
     : QMainWindow(nullptr),
       forms_(forms),
       machine_(forms, *this,
-               {FormId::Form2,
-                kWriteSteps,
-                [this] { return commandLine(); },
-                false,
-                kCaptionCompleted,
-                {},
-                false,
-                {},
-                [this] { return output_; },
-                [this] { finishWrite(); },
-                false,
-                true}) {
+               {.window = FormId::Form2,
+                .steps = kWriteSteps,
+                .commandLine = [this] { return commandLine(); },
+                .followsTime = false,
+                .output = [this] { return output_; },
+                .ending = [this] { finishWrite(); },
+                .readsOutput = false,
+                .worksInScratchFolder = true}) {
     setObjectName("Form2");
     setWindowTitle("Video META Data");
     buildControls();
