@@ -1,6 +1,5 @@
 #include "toolwindows/form10.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -23,22 +22,12 @@
 namespace quillet {
 
 Form10::Form10(Forms& forms)
-    : QMainWindow(nullptr),
-      MainWindowProgress(forms),
-      forms_(forms),
-      machine_(forms, *this,
-               {FormId::Form10,
-                mp3ToolSteps(),
-                [this] { return commandLine(); },
-                true,
-                kCaptionComplete,
-                [this]() -> ProgressDisplay* { return this; },
-                false,
-                [this] { return Label12->text().toStdString(); },
-                {},
-                [this] { finishRun(); },
-                true,
-                false}) {
+    : ToolWindow(forms, kId,
+                 {.steps = mp3ToolSteps(),
+                  .captionEnding = kCaptionComplete,
+                  .display = [this]() -> ProgressDisplay* { return this; },
+                  .videoSeconds = [this] { return Label12->text().toStdString(); }}),
+      MainWindowProgress(forms) {
     setObjectName("Form10");
     setWindowTitle("Encode Video Audio ");
     buildControls();
@@ -63,7 +52,6 @@ void Form10::connectHandlers() {
     connect(List1, &QListWidget::itemClicked, this, &Form10::List1_Click);
     connect(Option1, &OptionArray::Click, this, &Form10::Option1_Click);
 
-    Timer1.setInterval(500);
     connect(&Timer1, &QTimer::timeout, this, &Form10::Timer1_Timer);
     const std::pair<QTimer*, QLabel*> restores[] = {{&Timer2, Label19},
                                                     {&Timer3, Label15},
@@ -93,16 +81,6 @@ void Form10::Form_Load() {
     state.ToolCRFValue = 20;
 }
 
-void Form10::Form_Unload() {
-    machine_.abandon();
-    durationProbe_.reset();
-}
-
-void Form10::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    forms_.unload(kId);
-}
-
 void Form10::ChangeColorOfProgBar() {
     // The bar in blue on the program's dark ground.
     QPalette colours = PBar->palette();
@@ -119,9 +97,7 @@ std::string Form10::commandLine() const {
 }
 
 void Form10::mnu_SelectVideo_Click() {
-    ProgramState& state = forms_.state();
-    const std::string chosen =
-        forms_.dialogs().openFile("Select Video", state.DesktopFolder, kSourceDialogFilter);
+    const std::string chosen = chooseVideo(kSourceDialogFilter);
     if (chosen.empty()) return;
     source_ = trimmedSourcePath(chosen);
     Label1->setText(QString::fromStdString(source_));
@@ -138,15 +114,14 @@ void Form10::mnu_SelectVideo_Click() {
         Label1->clear();
         return;
     }
-    durationProbe_ = probeRunningTime(source_);
-    Timer1.start();
+    askRunningTime(source_, Timer1);
     if (const auto output = compressedFileName(source_, kThisPlatform.separator)) {
-        state.OutputVideo = *output;
+        forms_.state().OutputVideo = *output;
     }
 }
 
 void Form10::Timer1_Timer() {
-    const std::optional<double> seconds = durationProbe_ ? durationProbe_->seconds() : std::nullopt;
+    const std::optional<double> seconds = probedSeconds();
     const std::string shown = toolRunningTimeText(seconds);
     Label11->setText(QString::fromStdString(shown));
     if (const auto whole = videoSecondsShown(runningTimeText(seconds), seconds)) {
@@ -168,7 +143,7 @@ void Form10::mnu_Reset_Click() {
     Label13->clear();
     // No source either, so that Encode Video asks for one.
     source_.clear();
-    durationProbe_.reset();
+    forgetRunningTime();
     Timer1.stop();
     Label1->setText("Video Name");
     for (QLabel* label : {Label4, Label11, Label12}) label->clear();

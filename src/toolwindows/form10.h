@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QMainWindow>
 #include <QTimer>
-#include <memory>
 #include <string>
 
-#include "app/forms.h"
-#include "jobs/job_machine.h"
-#include "tools/duration_probe.h"
 #include "toolwindows/main_window_progress.h"
+#include "toolwindows/tool_window.h"
 
 class QLabel;
 class QListWidget;
@@ -22,7 +18,7 @@ class XpSlider;
 // The MP3 audio tool: re-encodes a video's picture with libx265 at a rate factor and preset while
 // its audio becomes MP3 at a chosen quality and sample rate. It shows the run on its own bar,
 // caption and clock; the size written and the speed go to the main window.
-class Form10 : public QMainWindow, public FormEvents, public MainWindowProgress {
+class Form10 : public ToolWindow, public MainWindowProgress {
     Q_OBJECT
 
 public:
@@ -32,18 +28,13 @@ public:
 
     // Every choice back to its default: CRF 20, "veryfast", qscale 5, "44100".
     void Form_Load() override;
-    void Form_Unload() override;
 
-    // The command that Encode Video runs, from the choices as they stand.
-    std::string commandLine() const;
+    std::string commandLine() const override;
 
     // Where the run shows itself: the bar, its caption and the encoded time here.
     void setProgressMaximum(double seconds) override;
     void setProgressValue(double seconds) override;
     void setProgressCaption(const std::string& caption) override;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
@@ -63,13 +54,11 @@ private:
     // Polls the running time of the source until it is known.
     void Timer1_Timer();
     // The end of a run: the main window's captions back to their start.
-    void finishRun();
+    void finishRun() override;
     // Shows a caption in the highlight colour until its timer puts the normal colour back.
     void flash(QLabel* label, QTimer& restore);
 
-    Forms& forms_;
     std::string sampleRate_ = "44100";
-    std::string source_;
 
     QLabel* Label1;   // the source's name
     QLabel* Label4;   // the bar's end, in seconds
@@ -95,9 +84,6 @@ private:
     QTimer Timer4;  // Label14 colour
     QTimer Timer5;  // Label1 colour
     QTimer Timer6;  // Label21 colour
-
-    std::unique_ptr<DurationProbe> durationProbe_;
-    JobMachine machine_;
 };
 
 }  // namespace quillet

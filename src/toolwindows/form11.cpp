@@ -1,7 +1,6 @@
 #include "toolwindows/form11.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -26,24 +25,10 @@ constexpr const char* kWaiting = "Waiting for Source Video";
 }  // namespace
 
 Form11::Form11(Forms& forms)
-    : QMainWindow(nullptr),
-      forms_(forms),
-      machine_(forms, *this,
-               {FormId::Form11,
-                downScaleToolSteps(),
-                [this] { return commandLine(); },
-                true,
-                kCaptionCompleted,
-                [this]() -> ProgressDisplay* {
-                    MainWindow* mainWindow = forms_.mainWindow();
-                    return mainWindow ? &mainWindow->progressDisplay() : nullptr;
-                },
-                false,
-                {},
-                [this] { return output_; },
-                [this] { finishRun(); },
-                true,
-                false}) {
+    : ToolWindow(forms, kId,
+                 {.steps = downScaleToolSteps(),
+                  .display = [&forms] { return mainWindowDisplay(forms); },
+                  .output = [this] { return output_; }}) {
     setObjectName("Form11");
     setWindowTitle("Reduce Resolution");
     buildControls();
@@ -62,16 +47,6 @@ void Form11::Form_Load() {
     tickChoices(Option3, false);
 }
 
-void Form11::Form_Unload() {
-    machine_.abandon();
-    durationProbe_.reset();
-}
-
-void Form11::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    forms_.unload(kId);
-}
-
 void Form11::showResolution(const std::string& text) {
     Label13->setText(QString::fromStdString(text));
 }
@@ -83,11 +58,9 @@ std::string Form11::commandLine() const {
 }
 
 void Form11::mnu_Select_Click() {
-    ProgramState& state = forms_.state();
-    const std::string chosen =
-        forms_.dialogs().openFile("Select Video", state.DesktopFolder, "All Files (*.*)|*.*");
+    const std::string chosen = chooseVideo("All Files (*.*)|*.*");
     if (chosen.empty()) return;
-    state.VideoSeconds = "0";
+    forms_.state().VideoSeconds = "0";
     sizeText_ = sourceFileSizeText(chosen).value_or(sizeText_);
     output_ = compressedFileName(chosen, kThisPlatform.separator).value_or(output_);
     Label6->setText(QString::fromStdString(chosen));
@@ -98,12 +71,11 @@ void Form11::mnu_Select_Click() {
 void Form11::GetDuration(const std::string& path) {
     source_ = path;
     Label8->setText("Reading Source Video Data");
-    durationProbe_ = probeRunningTime(path);
-    Timer2.start();
+    askRunningTime(path, Timer2);
 }
 
 void Form11::Timer2_Timer() {
-    const std::optional<double> seconds = durationProbe_ ? durationProbe_->seconds() : std::nullopt;
+    const std::optional<double> seconds = probedSeconds();
     if (runningTimeKnown(runningTimeText(seconds))) Timer2.stop();
     MainWindow* mainWindow = forms_.mainWindow();
     if (const auto whole = videoSecondsShown(runningTimeText(seconds), seconds)) {

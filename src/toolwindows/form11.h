@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QMainWindow>
 #include <QTimer>
-#include <memory>
 #include <string>
 
-#include "app/forms.h"
-#include "jobs/job_machine.h"
-#include "tools/duration_probe.h"
 #include "tools/resolution_display.h"
+#include "toolwindows/tool_window.h"
 
 class QCheckBox;
 class QLabel;
@@ -20,7 +16,7 @@ class OptionArray;
 // The down-scale tool: re-encodes a video with libx265 at one of four 16:9 picture sizes, with a
 // fixed rate factor and MP3 audio if asked. The source's picture size comes from the resolution
 // probe; the run shows on the main window, which is reset when it ends (closing this window).
-class Form11 : public QMainWindow, public FormEvents, public ResolutionDisplay {
+class Form11 : public ToolWindow, public ResolutionDisplay {
     Q_OBJECT
 
 public:
@@ -29,14 +25,9 @@ public:
     explicit Form11(Forms& forms);
 
     void Form_Load() override;
-    void Form_Unload() override;
     void showResolution(const std::string& text) override;
 
-    // The command that Encode Video runs, from the choices as they stand.
-    std::string commandLine() const;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
+    std::string commandLine() const override;
 
 private:
     void buildControls();
@@ -56,11 +47,9 @@ private:
     // Polls the running time of the source until it is known.
     void Timer2_Timer();
     // The full reset after every run: the window as it loads, with 240p chosen.
-    void finishRun();
+    void finishRun() override;
 
-    Forms& forms_;
     std::string scale_ = "426:240";
-    std::string source_;
     std::string output_;
     int crf_ = 25;
     int qscale_ = 7;
@@ -79,8 +68,6 @@ private:
     QLabel* Label8;  // status line
 
     QTimer Timer2;  // running time of the source
-    std::unique_ptr<DurationProbe> durationProbe_;
-    JobMachine machine_;
 };
 
 }  // namespace quillet

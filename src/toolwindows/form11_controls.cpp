@@ -102,7 +102,6 @@ void Form11::connectHandlers() {
     onMouseUp(Label3, [this](int button) {
         if (button == 1) mnu_EncVideo_Click();
     });
-    Timer2.setInterval(500);
     connect(&Timer2, &QTimer::timeout, this, &Form11::Timer2_Timer);
 }
 

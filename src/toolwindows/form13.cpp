@@ -1,7 +1,6 @@
 #include "toolwindows/form13.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -23,14 +22,14 @@
 namespace quillet {
 
 Form13::Form13(Forms& forms)
-    : QMainWindow(nullptr),
-      MainWindowProgress(forms),
-      forms_(forms),
-      machine_(forms, *this,
-               {FormId::Form13, frameRateToolSteps(), [this] { return commandLine(); }, true,
-                kCaptionComplete, [this]() -> ProgressDisplay* { return this; }, true,
-                [this] { return videoSeconds_; }, [this] { return output_; },
-                [this] { finishRun(); }, true, false}) {
+    : ToolWindow(forms, kId,
+                 {.steps = frameRateToolSteps(),
+                  .captionEnding = kCaptionComplete,
+                  .display = [this]() -> ProgressDisplay* { return this; },
+                  .readsCpuWithEachPiece = true,
+                  .videoSeconds = [this] { return videoSeconds_; },
+                  .output = [this] { return output_; }}),
+      MainWindowProgress(forms) {
     setObjectName("Form13");
     setWindowTitle("Alter Video Frame Rate (fps)");
     buildControls();
@@ -44,16 +43,6 @@ void Form13::Form_Load() {
     Text1->setEnabled(false);
     showHighlighted(Label2, false);
     frameRate_ = 30;
-}
-
-void Form13::Form_Unload() {
-    machine_.abandon();
-    durationProbe_.reset();
-}
-
-void Form13::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    forms_.unload(kId);
 }
 
 std::string Form13::commandLine() const {
@@ -82,22 +71,19 @@ void Form13::Text1_Change() {
 }
 
 void Form13::mnu_SelectVideo_Click() {
-    ProgramState& state = forms_.state();
-    const std::string chosen =
-        forms_.dialogs().openFile("Select Video", state.DesktopFolder, kSourceDialogFilter);
+    const std::string chosen = chooseVideo(kSourceDialogFilter);
     if (chosen.empty()) return;
     source_ = trimmedSourcePath(chosen);
     sizeText_ = sourceFileSizeText(source_).value_or("");
     videoSeconds_.clear();
     Label1->setText(QString::fromStdString(source_));
     Label2->clear();
-    durationProbe_ = probeRunningTime(source_);
-    Timer2.start();
+    askRunningTime(source_, Timer2);
     output_ = compressedFileName(source_, kThisPlatform.separator).value_or(output_);
 }
 
 void Form13::Timer2_Timer() {
-    const std::optional<double> seconds = durationProbe_ ? durationProbe_->seconds() : std::nullopt;
+    const std::optional<double> seconds = probedSeconds();
     const std::string shown = runningTimeText(seconds);
     if (const auto whole = videoSecondsShown(shown, seconds)) {
         videoSeconds_ = std::to_string(*whole);
@@ -136,7 +122,7 @@ void Form13::CompressVideo() {
 }
 
 void Form13::setProgressCaption(const std::string& caption) {
-    if (ProgressDisplay* display = mainDisplay()) display->setProgressCaption(caption);
+    if (ProgressDisplay* display = mainWindowDisplay(forms_)) display->setProgressCaption(caption);
 }
 
 void Form13::finishRun() {

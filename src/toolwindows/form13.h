@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QMainWindow>
 #include <QTimer>
-#include <memory>
 #include <string>
 
-#include "app/forms.h"
-#include "jobs/job_machine.h"
-#include "tools/duration_probe.h"
 #include "toolwindows/main_window_progress.h"
+#include "toolwindows/tool_window.h"
 
 class QCheckBox;
 class QLabel;
@@ -21,7 +17,7 @@ class OptionArray;
 // The frame-rate tool: re-encodes a video with libx265 at one of six common frame rates or a
 // whole number typed in, keeping the audio as AAC at the main window's rate. Its progress shows
 // on the main window.
-class Form13 : public QMainWindow, public FormEvents, public MainWindowProgress {
+class Form13 : public ToolWindow, public MainWindowProgress {
     Q_OBJECT
 
 public:
@@ -30,18 +26,13 @@ public:
     explicit Form13(Forms& forms);
 
     void Form_Load() override;
-    void Form_Unload() override;
 
-    // The command that Encode Video runs, from the choices as they stand.
-    std::string commandLine() const;
+    std::string commandLine() const override;
 
     // The main window shows the percentage; the bar stays as it is.
     void setProgressMaximum(double) override {}
     void setProgressValue(double) override {}
     void setProgressCaption(const std::string& caption) override;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildControls();
@@ -56,12 +47,10 @@ private:
     // Polls the running time of the source until it is known.
     void Timer2_Timer();
     // The end of a run: the window as it loads, ready for the next source.
-    void finishRun();
+    void finishRun() override;
     void enableChoices(bool enabled);
 
-    Forms& forms_;
     int frameRate_ = 30;
-    std::string source_;
     std::string output_;
     std::string sizeText_;
     std::string videoSeconds_;  // the source's running time, for the percentage
@@ -74,8 +63,6 @@ private:
     QLabel* Label3;  // "Change fps"
 
     QTimer Timer2;  // running time of the source
-    std::unique_ptr<DurationProbe> durationProbe_;
-    JobMachine machine_;
 };
 
 }  // namespace quillet

@@ -82,7 +82,6 @@ void Form13::connectHandlers() {
     onMouseUp(Label3, [this](int button) {
         if (button == 1) mnu_EncodeVideo_Click();
     });
-    Timer2.setInterval(500);
     connect(&Timer2, &QTimer::timeout, this, &Form13::Timer2_Timer);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/forms.h"
-#include "app/main_window.h"
+#include "jobs/job_machine.h"
 #include "tools/progress_display.h"
 
 namespace quillet {
@@ -10,25 +10,19 @@ namespace quillet {
 // size written and the speed cells. The tool window shows the rest as it wishes.
 class MainWindowProgress : public ProgressDisplay {
 public:
-    explicit MainWindowProgress(Forms& forms) : forms_(forms) {}
+    explicit MainWindowProgress(Forms& forms) : windows_(forms) {}
 
     void setWrittenText(const std::string& text) override {
-        if (ProgressDisplay* display = mainDisplay()) display->setWrittenText(text);
+        if (ProgressDisplay* display = mainWindowDisplay(windows_)) display->setWrittenText(text);
     }
     void highlightProgress() override {}
     void CompressionSpeedDisplay(int ProcSpeed) override {
-        if (ProgressDisplay* display = mainDisplay()) display->CompressionSpeedDisplay(ProcSpeed);
-    }
-
-protected:
-    // The main window's display; null once the main window has gone (the program ending).
-    ProgressDisplay* mainDisplay() {
-        MainWindow* mainWindow = forms_.mainWindow();
-        return mainWindow ? &mainWindow->progressDisplay() : nullptr;
+        if (ProgressDisplay* display = mainWindowDisplay(windows_))
+            display->CompressionSpeedDisplay(ProcSpeed);
     }
 
 private:
-    Forms& forms_;
+    Forms& windows_;
 };
 
 }  // namespace quillet
