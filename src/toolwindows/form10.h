@@ -6,9 +6,11 @@
 #include "toolwindows/main_window_progress.h"
 #include "toolwindows/tool_window.h"
 
+class QGroupBox;
 class QLabel;
 class QListWidget;
 class QProgressBar;
+class QVBoxLayout;
 
 namespace quillet {
 
@@ -38,6 +40,11 @@ public:
 
 private:
     void buildControls();
+    // The rate factor and preset of the picture, the quality and sample rate of the sound.
+    QGroupBox* buildVideoChoices(QWidget* surface);
+    QGroupBox* buildAudioChoices(QWidget* surface);
+    // The running and encoded times, the bar and its caption, added to `layout`.
+    void buildRunDisplay(QWidget* surface, QVBoxLayout* layout);
     void buildMenus();
     void connectHandlers();
     void ChangeColorOfProgBar();

@@ -32,7 +32,12 @@ void Form10::buildControls() {
     Label1 = namedLabel("Label1", "Video Name", surface);
     Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(Label1);
+    layout->addWidget(buildVideoChoices(surface));
+    layout->addWidget(buildAudioChoices(surface));
+    buildRunDisplay(surface, layout);
+}
 
+QGroupBox* Form10::buildVideoChoices(QWidget* surface) {
     auto* video = new QGroupBox(surface);
     auto* videoGrid = new QGridLayout(video);
     Label15 = namedLabel("Label15", "Constant Rate Factor (CRF)", video);
@@ -52,8 +57,10 @@ void Form10::buildControls() {
     for (int index = 0; index < Option1->count(); ++index) {
         videoGrid->addWidget(Option1->item(index), 3, index);
     }
-    layout->addWidget(video);
+    return video;
+}
 
+QGroupBox* Form10::buildAudioChoices(QWidget* surface) {
     auto* audio = new QGroupBox(surface);
     auto* audioGrid = new QGridLayout(audio);
     Label21 = namedLabel("Label21", "Audio Quality", audio);
@@ -85,8 +92,10 @@ void Form10::buildControls() {
     audioGrid->addWidget(List1, 4, 2, 1, 2);
     audioGrid->setColumnStretch(1, 1);
     audioGrid->setColumnStretch(2, 1);
-    layout->addWidget(audio);
+    return audio;
+}
 
+void Form10::buildRunDisplay(QWidget* surface, QVBoxLayout* layout) {
     // The run's clocks as a small table: each number under the heading of its unit, on the line of
     // its caption.
     auto* run = new QGridLayout;
