@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/default_settings.h"
+
 namespace quillet {
 
 // The values every window shares for the whole run. One object exists; each window receives it by
@@ -36,9 +38,9 @@ struct ProgramState {
     bool ToolBusy = false;
 
     // Values of the side tools.
-    int ToolCRFValue = 20;
-    std::string ToolPresetName = "veryfast";
-    std::int16_t AudioQScale = 5;
+    int ToolCRFValue = defaults::numberOf(defaults::kCrf);
+    std::string ToolPresetName = defaults::kStartup.preset;
+    std::int16_t AudioQScale = defaults::kMp3Quality;
 
     std::string DesktopFolder;
     bool CpuMonitorEnabled = true;

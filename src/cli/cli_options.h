@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/default_settings.h"
+
 namespace quillet::cli {
 
 // What the companion is asked to do: one job per input, of one kind.
@@ -17,22 +19,22 @@ struct CompressSettings {
     Method method = Method::Crf;
     std::optional<double> targetMb;  // MB of 1,048,576 bytes; needed by the target-size method
     bool twoPass = false;
-    int crf = 20;
-    std::string bitRate = "900k";
-    std::string minRate = "1.1M";
-    std::string maxRate = "2.0M";
-    std::string bufferSize = "1.1M";
-    int qp = 14;
-    int lookAhead = 18;
+    int crf = defaults::numberOf(defaults::kCrf);
+    std::string bitRate = std::string(defaults::kStartup.averageRate) + defaults::kAverageRateUnit;
+    std::string minRate = std::string(defaults::kMinRate) + defaults::kRateUnit;
+    std::string maxRate = std::string(defaults::kMaxRate) + defaults::kRateUnit;
+    std::string bufferSize = std::string(defaults::kStartup.bufferSize) + defaults::kRateUnit;
+    int qp = defaults::numberOf(defaults::kStartup.qp);
+    int lookAhead = defaults::numberOf(defaults::kLookAhead);
 };
 
 struct Options {
     Command command = Command::Compress;
     CompressSettings compress;
-    std::string preset = "veryfast";
-    int audioKbps = 160;
-    int sampleRate = 44100;
-    int mp3Quality = 5;                                     // mp3, and scale when given
+    std::string preset = defaults::kStartup.preset;
+    int audioKbps = defaults::numberOf(defaults::kStartup.audioBitRate);
+    int sampleRate = defaults::numberOf(defaults::kSampleRate);
+    int mp3Quality = defaults::kMp3Quality;                 // mp3, and scale when given
     std::optional<int> scaleCrf;                            // scale: a rate factor of its own
     bool scaleMp3 = false;                                  // scale: the audio to MP3 too
     int height = 480;                                       // scale: 240, 360, 480 or 720

@@ -83,23 +83,23 @@ void Form1::ResetApp() {
     c_.Text1->setText("0:00:00");
     c_.Text3->setText("0:00:00");
     const std::pair<QLabel*, const char*> labels[] = {
-        {c_.Label9, "VeryFast"},
-        {c_.Label12, "20"},
-        {c_.Label30, "920"},
-        {c_.Label31, "k"},
-        {c_.Label33, "14"},
-        {c_.Label35, "1.1"},
-        {c_.Label39, "M"},
-        {c_.Label36, "2.0"},
-        {c_.Label40, "M"},
-        {c_.Label42, "18"},
-        {c_.Label45, "1.1"},
-        {c_.Label46, "M"},
+        {c_.Label9, defaults::kReset.preset},
+        {c_.Label12, defaults::kCrf},
+        {c_.Label30, defaults::kReset.averageRate},
+        {c_.Label31, defaults::kAverageRateUnit},
+        {c_.Label33, defaults::kStartup.qp},
+        {c_.Label35, defaults::kMinRate},
+        {c_.Label39, defaults::kRateUnit},
+        {c_.Label36, defaults::kMaxRate},
+        {c_.Label40, defaults::kRateUnit},
+        {c_.Label42, defaults::kLookAhead},
+        {c_.Label45, defaults::kStartup.bufferSize},
+        {c_.Label46, defaults::kRateUnit},
         {c_.Label2, "Target Size - 60% of Original Video Size"},
         {c_.status(StatusCell::Method), "Method:Target Size"},
         {c_.status(StatusCell::SourceSize), "Init Size: 0,000Mb"},
         {c_.status(StatusCell::Written), "Writen: 0,000Mb"},
-        {c_.status(StatusCell::SampleRate), "44100Hz"},
+        {c_.status(StatusCell::SampleRate), defaults::kSampleRateStatus},
     };
     for (const auto& [label, text] : labels) label->setText(text);
     clearMethodSelection();
