@@ -1,5 +1,6 @@
 #include "cli/cli_options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -40,6 +41,101 @@ bool isRate(const std::string& text) {
     return positiveNumber(number).has_value();
 }
 
+// The problems below complete "OPTION takes ...": the reader puts the option's name in front.
+std::string wholeInto(int& target, const std::string& text, int low, int high) {
+    const auto parsed = wholeNumber(text, low, high);
+    if (!parsed) {
+        return "a whole number from " + std::to_string(low) + " to " + std::to_string(high) +
+               ", not \"" + text + "\"";
+    }
+    target = *parsed;
+    return {};
+}
+
+std::string rateInto(std::string& target, const std::string& text) {
+    if (!isRate(text)) return "a rate such as 900k or 1.5M, not \"" + text + "\"";
+    target = text;
+    return {};
+}
+
+template <typename T, typename V>
+std::string assign(T& target, const V& value) {
+    target = value;
+    return {};
+}
+
+using Value = const std::string&;
+
+// One option: its name, whether a value follows it, and what it does with the options (given the
+// value, or an empty text); gives the problem, empty when there is none.
+struct OptionRow {
+    std::string_view name;
+    bool takesValue;
+    std::string (*apply)(Options& options, Value value);
+};
+
+constexpr OptionRow kOptions[] = {
+    {"--method", true,
+     [](Options& o, Value v) -> std::string {
+         const auto method = kMethods.find(v);
+         if (method == kMethods.end()) return "tfs, crf, abr or qp, not \"" + v + "\"";
+         return assign(o.compress.method, method->second);
+     }},
+    {"--target-mb", true,
+     [](Options& o, Value v) -> std::string {
+         o.compress.targetMb = positiveNumber(v);
+         return o.compress.targetMb ? "" : "a size in MB above 0";
+     }},
+    {"--two-pass", false, [](Options& o, Value) { return assign(o.compress.twoPass, true); }},
+    {"--crf", true,
+     [](Options& o, Value v) {
+         std::string problem = wholeInto(o.compress.crf, v, 0, 51);
+         if (problem.empty()) o.scaleCrf = o.compress.crf;
+         return problem;
+     }},
+    {"--bitrate", true, [](Options& o, Value v) { return rateInto(o.compress.bitRate, v); }},
+    {"--minrate", true, [](Options& o, Value v) { return rateInto(o.compress.minRate, v); }},
+    {"--maxrate", true, [](Options& o, Value v) { return rateInto(o.compress.maxRate, v); }},
+    {"--bufsize", true, [](Options& o, Value v) { return rateInto(o.compress.bufferSize, v); }},
+    {"--qp", true, [](Options& o, Value v) { return wholeInto(o.compress.qp, v, 0, 51); }},
+    {"--lookahead", true,
+     [](Options& o, Value v) { return wholeInto(o.compress.lookAhead, v, 0, 250); }},
+    {"--preset", true, [](Options& o, Value v) { return assign(o.preset, v); }},
+    {"--audio-bitrate", true,
+     [](Options& o, Value v) { return wholeInto(o.audioKbps, v, 8, 640); }},
+    {"--sample-rate", true,
+     [](Options& o, Value v) { return wholeInto(o.sampleRate, v, 8000, 384000); }},
+    {"--quality", true, [](Options& o, Value v) { return wholeInto(o.mp3Quality, v, 1, 9); }},
+    {"--mp3", true,
+     [](Options& o, Value v) {
+         o.scaleMp3 = true;
+         return wholeInto(o.mp3Quality, v, 1, 9);
+     }},
+    {"--height", true,
+     [](Options& o, Value v) -> std::string {
+         if (std::string problem = wholeInto(o.height, v, 1, 100000); !problem.empty()) {
+             return problem;
+         }
+         const int height = o.height;
+         if (height == 240 || height == 360 || height == 480 || height == 720) return {};
+         return "240, 360, 480 or 720";
+     }},
+    {"--fps", true, [](Options& o, Value v) { return wholeInto(o.fps, v, 1, 1000); }},
+    {"--tag", true,
+     [](Options& o, Value v) -> std::string {
+         const std::size_t equals = v.find('=');
+         if (equals == 0 || equals == std::string::npos) return "KEY=VALUE, not \"" + v + "\"";
+         o.tags.emplace_back(v.substr(0, equals), v.substr(equals + 1));
+         return {};
+     }},
+    {"--output-dir", true, [](Options& o, Value v) { return assign(o.outputFolder, v); }},
+    {"--overwrite", false,
+     [](Options& o, Value) { return assign(o.existing, ExistingOutput::Overwrite); }},
+    {"--rename", false,
+     [](Options& o, Value) { return assign(o.existing, ExistingOutput::Rename); }},
+    {"--json", false, [](Options& o, Value) { return assign(o.json, true); }},
+};
+
 class Reader {
 public:
     explicit Reader(const std::vector<std::string>& arguments) : arguments_(arguments) {}
@@ -60,8 +156,8 @@ public:
                 onlyInputs = true;  // what follows are inputs, even names that start with "-"
             } else if (word == "--help" || word == "-h") {
                 return {std::nullopt, helpText(), {}};
-            } else if (!option(word)) {
-                return fail(error_.empty() ? "unknown option " + word : error_);
+            } else if (const std::string problem = option(word); !problem.empty()) {
+                return fail(problem);
             }
         }
         if (options_.inputs.empty()) return fail("no input given");
@@ -79,119 +175,25 @@ public:
 private:
     Parsed fail(const std::string& message) { return {std::nullopt, {}, message}; }
 
-    // The value after the option, or nothing (and the error set) when there is none.
-    std::optional<std::string> value(const std::string& name) {
-        if (index_ + 1 >= arguments_.size()) {
-            error_ = name + " needs a value";
-            return std::nullopt;
+    // Applies the option `name`, taking the word after it when it wants a value; gives the
+    // problem, empty when there is none.
+    std::string option(const std::string& name) {
+        const auto row =
+            std::find_if(std::begin(kOptions), std::end(kOptions),
+                         [&](const OptionRow& candidate) { return candidate.name == name; });
+        if (row == std::end(kOptions)) return "unknown option " + name;
+        std::string value;
+        if (row->takesValue) {
+            if (index_ + 1 >= arguments_.size()) return name + " needs a value";
+            value = arguments_[++index_];
         }
-        return arguments_[++index_];
-    }
-
-    bool number(const std::string& name, int& target, int low, int high) {
-        const auto text = value(name);
-        if (!text) return false;
-        const auto parsed = wholeNumber(*text, low, high);
-        if (!parsed) {
-            error_ = name + " takes a whole number from " + std::to_string(low) + " to " +
-                     std::to_string(high) + ", not \"" + *text + "\"";
-            return false;
-        }
-        target = *parsed;
-        return true;
-    }
-
-    bool rate(const std::string& name, std::string& target) {
-        const auto text = value(name);
-        if (!text) return false;
-        if (!isRate(*text)) {
-            error_ = name + " takes a rate such as 900k or 1.5M, not \"" + *text + "\"";
-            return false;
-        }
-        target = *text;
-        return true;
-    }
-
-    bool option(const std::string& name) {
-        CompressSettings& compress = options_.compress;
-        if (name == "--method") {
-            const auto text = value(name);
-            if (!text) return false;
-            const auto method = kMethods.find(*text);
-            if (method == kMethods.end()) {
-                error_ = "--method takes tfs, crf, abr or qp, not \"" + *text + "\"";
-                return false;
-            }
-            compress.method = method->second;
-            return true;
-        }
-        if (name == "--target-mb") {
-            const auto text = value(name);
-            if (!text) return false;
-            compress.targetMb = positiveNumber(*text);
-            if (!compress.targetMb) error_ = "--target-mb takes a size in MB above 0";
-            return compress.targetMb.has_value();
-        }
-        if (name == "--two-pass") return compress.twoPass = true;
-        if (name == "--crf") {
-            int crf = 0;
-            if (!number(name, crf, 0, 51)) return false;
-            compress.crf = crf;
-            options_.scaleCrf = crf;
-            return true;
-        }
-        if (name == "--bitrate") return rate(name, compress.bitRate);
-        if (name == "--minrate") return rate(name, compress.minRate);
-        if (name == "--maxrate") return rate(name, compress.maxRate);
-        if (name == "--bufsize") return rate(name, compress.bufferSize);
-        if (name == "--qp") return number(name, compress.qp, 0, 51);
-        if (name == "--lookahead") return number(name, compress.lookAhead, 0, 250);
-        if (name == "--preset") {
-            const auto text = value(name);
-            if (text) options_.preset = *text;
-            return text.has_value();
-        }
-        if (name == "--audio-bitrate") return number(name, options_.audioKbps, 8, 640);
-        if (name == "--sample-rate") return number(name, options_.sampleRate, 8000, 384000);
-        if (name == "--quality") return number(name, options_.mp3Quality, 1, 9);
-        if (name == "--mp3") {
-            options_.scaleMp3 = true;
-            return number(name, options_.mp3Quality, 1, 9);
-        }
-        if (name == "--height") {
-            if (!number(name, options_.height, 1, 100000)) return false;
-            const int height = options_.height;
-            if (height == 240 || height == 360 || height == 480 || height == 720) return true;
-            error_ = "--height takes 240, 360, 480 or 720";
-            return false;
-        }
-        if (name == "--fps") return number(name, options_.fps, 1, 1000);
-        if (name == "--tag") {
-            const auto text = value(name);
-            if (!text) return false;
-            const std::size_t equals = text->find('=');
-            if (equals == 0 || equals == std::string::npos) {
-                error_ = "--tag takes KEY=VALUE, not \"" + *text + "\"";
-                return false;
-            }
-            options_.tags.emplace_back(text->substr(0, equals), text->substr(equals + 1));
-            return true;
-        }
-        if (name == "--output-dir") {
-            const auto text = value(name);
-            if (text) options_.outputFolder = *text;
-            return text.has_value();
-        }
-        if (name == "--overwrite") return (options_.existing = ExistingOutput::Overwrite), true;
-        if (name == "--rename") return (options_.existing = ExistingOutput::Rename), true;
-        if (name == "--json") return options_.json = true;
-        return false;
+        const std::string problem = row->apply(options_, value);
+        return problem.empty() ? problem : name + " takes " + problem;
     }
 
     const std::vector<std::string>& arguments_;
     std::size_t index_ = 0;
     Options options_;
-    std::string error_;
 };
 
 }  // namespace
