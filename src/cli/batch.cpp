@@ -58,36 +58,53 @@ public:
         std::error_code error;
         fs::create_directories(plan.output.parent_path(), error);
         if (error) return failed(end, "the output folder cannot be made: " + error.message());
+        return encode(end, source, plan.output, facts);
+    }
 
+private:
+    bool targetSize() const {
+        return options_.command == Command::Compress &&
+               options_.compress.method == Method::TargetSize;
+    }
+
+    // The video rate that leaves room for `audioBits` within the target size.
+    TargetRate videoRateBeside(double audioBits, const SourceFacts& facts) const {
+        return targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
+    }
+
+    // Runs ffmpeg into a partial output beside `output`, which takes its name only when the job
+    // is done.
+    JobEnd encode(JobEnd& end, const fs::path& source, const fs::path& output,
+                  const SourceFacts& facts) {
         long long videoRate = 0;
-        const bool targetSize =
-            options_.command == Command::Compress && options_.compress.method == Method::TargetSize;
-        if (targetSize) {
+        if (targetSize()) {
             if (!facts.seconds) return failed(end, "the running time is unknown");
-            const double audioBits =
-                facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0;
-            const TargetRate rate =
-                targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
+            const TargetRate rate = videoRateBeside(
+                facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0, facts);
             if (!rate.refusal.empty()) return failed(end, rate.refusal);
             videoRate = rate.videoBitsPerSecond;
         }
-        const fs::path partial = partialOutput(plan.output);
+        const fs::path partial = partialOutput(output);
         const JobFiles files{utf8Of(tools_.ffmpeg), end.source, utf8Of(partial)};
         JobView view{utf8Of(source.filename()), facts.seconds, {}};
         const ProgressHandler show = [&](const Progress& progress) {
             view.progress = progress;
             report_.progress(view);
         };
-        RunOutcome outcome;
-        if (targetSize && options_.compress.twoPass) {
-            outcome = twoPasses(files, videoRate, facts, show);
-        } else {
-            outcome = runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)},
-                              {}, stops_, show);
-        }
+        const RunOutcome outcome =
+            targetSize() && options_.compress.twoPass
+                ? twoPasses(files, videoRate, facts, show)
+                : runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)}, {},
+                          stops_, show);
+        return ended(end, outcome, partial, output);
+    }
+
+    // The end of a job that ran: a stopped or failed one leaves nothing half-written behind.
+    JobEnd ended(JobEnd& end, const RunOutcome& outcome, const fs::path& partial,
+                 const fs::path& output) {
         if (stops_.requested() || !outcome.succeeded()) {
             std::error_code ignored;
-            fs::remove(partial, ignored);  // nothing half-written is left behind
+            fs::remove(partial, ignored);
             if (stops_.requested()) {
                 end.status = JobEnd::Status::Stopped;
                 end.message = "stopped";
@@ -96,14 +113,13 @@ public:
             return failed(end, outcome.started ? "ffmpeg failed:" + lastLinesOf(outcome)
                                                : "ffmpeg could not be started");
         }
-        if (!finishOutput(partial, plan.output)) {
+        if (!finishOutput(partial, output)) {
             return failed(end, "the output cannot take its name; it is left as " + utf8Of(partial));
         }
-        end.outputBytes = fileSize(plan.output);
+        end.outputBytes = fileSize(output);
         return end;
     }
 
-private:
     // The first pass at the rate the audio's nominal size leaves, the second at the rate its
     // measured size leaves. The statistics and the audio live in a folder of their own, gone
     // afterwards.
@@ -119,8 +135,7 @@ private:
             utf8Of(folder), stops_, show);
         if (outcome.succeeded() && !stops_.requested()) {
             const double audioBits = audio ? fileSize(folder / kPassAudio) * 8.0 : 0;
-            const TargetRate rate =
-                targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
+            const TargetRate rate = videoRateBeside(audioBits, facts);
             if (rate.refusal.empty()) {
                 outcome =
                     secondPasses(files, rate.videoBitsPerSecond, audio, audioBits, folder, show);
