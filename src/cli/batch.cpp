@@ -62,11 +62,6 @@ public:
     }
 
 private:
-    bool targetSize() const {
-        return options_.command == Command::Compress &&
-               options_.compress.method == Method::TargetSize;
-    }
-
     // The video rate that leaves room for `audioBits` within the target size.
     TargetRate videoRateBeside(double audioBits, const SourceFacts& facts) const {
         return targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
@@ -77,7 +72,9 @@ private:
     JobEnd encode(JobEnd& end, const fs::path& source, const fs::path& output,
                   const SourceFacts& facts) {
         long long videoRate = 0;
-        if (targetSize()) {
+        const bool targetSize =
+            options_.command == Command::Compress && options_.compress.method == Method::TargetSize;
+        if (targetSize) {
             if (!facts.seconds) return failed(end, "the running time is unknown");
             const TargetRate rate = videoRateBeside(
                 facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0, facts);
@@ -92,7 +89,7 @@ private:
             report_.progress(view);
         };
         const RunOutcome outcome =
-            targetSize() && options_.compress.twoPass
+            targetSize && options_.compress.twoPass
                 ? twoPasses(files, videoRate, facts, show)
                 : runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)}, {},
                           stops_, show);
