@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <map>
+#include <string_view>
 
 namespace quillet::cli {
 
