@@ -11,6 +11,7 @@
 #include "app/qt_format_locale.h"
 #include "app/settings_store.h"
 #include "app/twips.h"
+#include "base/default_settings.h"
 #include "main/compression_settings.h"
 #include "main/form1_texts.h"
 #include "main/hover_effects.h"
@@ -64,7 +65,7 @@ void Form1::Form_Load() {
         timer->stop();
     }
     Timer9.start();
-    forms_.state().PresetName = "veryfast";
+    forms_.state().PresetName = defaults::kStartup.preset;
     // The monitor takes its first reading as it loads; a stored "off" then shows zero at once.
     forms_.load(FormId::Form3);
     applyStoredCpuSwitch();

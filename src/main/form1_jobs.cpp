@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <cmath>
 
+#include "base/default_settings.h"
 #include "jobs/job_steps.h"
 #include "jobs/job_window.h"
 #include "main/form1.h"

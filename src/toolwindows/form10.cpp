@@ -6,6 +6,7 @@
 
 #include "app/main_window.h"
 #include "app/program_folder.h"
+#include "base/default_settings.h"
 #include "base/platform_names.h"
 #include "base/text_format.h"
 #include "jobs/output_name.h"
@@ -73,12 +74,12 @@ void Form10::Form_Load() {
     PBar->setMinimum(1);
     PBar->reset();
     ProgramState& state = forms_.state();
-    state.AudioQScale = 5;
-    xpSlider2->setValue(5);
-    sampleRate_ = "44100";
+    state.AudioQScale = defaults::kMp3Quality;
+    xpSlider2->setValue(defaults::kMp3Quality);
+    sampleRate_ = defaults::kSampleRate;
     state.OutputVideo.clear();
-    state.ToolPresetName = "veryfast";
-    state.ToolCRFValue = 20;
+    state.ToolPresetName = defaults::kStartup.preset;
+    state.ToolCRFValue = defaults::numberOf(defaults::kCrf);
 }
 
 void Form10::ChangeColorOfProgBar() {

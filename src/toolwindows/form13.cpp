@@ -9,6 +9,7 @@
 #include "app/main_window.h"
 #include "app/program_folder.h"
 #include "app/qt_format_locale.h"
+#include "base/default_settings.h"
 #include "base/platform_names.h"
 #include "jobs/output_name.h"
 #include "toolwindows/frame_rate_choices.h"
@@ -132,8 +133,8 @@ void Form13::finishRun() {
     Label1->setText("Video Name");
     Label2->clear();
     ProgramState& state = forms_.state();
-    state.PresetName = "veryfast";
-    state.AudioBitRate = "160";
+    state.PresetName = defaults::kStartup.preset;
+    state.AudioBitRate = defaults::kStartup.audioBitRate;
 }
 
 void Form13::enableChoices(bool enabled) {

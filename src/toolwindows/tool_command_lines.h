@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/default_settings.h"
 #include "base/platform_names.h"
 
 namespace quillet {
@@ -14,10 +15,10 @@ namespace quillet {
 // preset (already in lower case), the audio quality and sample rate.
 struct Mp3AudioJob {
     std::string source;
-    int crf = 20;
-    std::string preset = "veryfast";
-    int qscale = 5;
-    std::string sampleRate = "44100";
+    int crf = defaults::numberOf(defaults::kCrf);
+    std::string preset = defaults::kStartup.preset;
+    int qscale = defaults::kMp3Quality;
+    std::string sampleRate = defaults::kSampleRate;
     std::string output;
 };
 
