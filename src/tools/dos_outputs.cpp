@@ -75,22 +75,6 @@ bool startReader(std::shared_ptr<ChildProcess> child, std::shared_ptr<RunPieces>
 
 }  // namespace
 
-DOSOutputs::DOSOutputs() = default;
-
-DOSOutputs::~DOSOutputs() = default;
-
-void DOSOutputs::setCommandLine(std::string commandLine) {
-    commandLine_ = std::move(commandLine);
-}
-
-const std::string& DOSOutputs::CommandLine() const {
-    return commandLine_;
-}
-
-const std::string& DOSOutputs::Outputs() const {
-    return outputs_;
-}
-
 bool DOSOutputs::StartCommand(const std::string& commandLine,
                               std::shared_ptr<OutputWakeup> wakeup) {
     if (executing_) return false;

@@ -25,16 +25,15 @@ public:
     using OutputsHandler = std::function<void(const std::string& CommandOutputs)>;
     using ExecutionHandler = std::function<void(bool executing)>;
 
-    DOSOutputs();
-    ~DOSOutputs();
+    DOSOutputs() = default;
     DOSOutputs(const DOSOutputs&) = delete;
     DOSOutputs& operator=(const DOSOutputs&) = delete;
 
-    void setCommandLine(std::string commandLine);
-    const std::string& CommandLine() const;
+    void setCommandLine(std::string commandLine) { commandLine_ = std::move(commandLine); }
+    const std::string& CommandLine() const { return commandLine_; }
 
     // Everything read during the most recent run that started.
-    const std::string& Outputs() const;
+    const std::string& Outputs() const { return outputs_; }
 
     // Runs `commandLine` (stored first when not empty) or else the stored command line, raises
     // ReceiveOutputs for every piece read and returns all output once the child's output has
