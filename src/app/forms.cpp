@@ -27,10 +27,6 @@ MainWindow* Forms::mainWindow() {
     return dynamic_cast<MainWindow*>(slot(FormId::Form1).data());
 }
 
-bool Forms::isLoaded(FormId id) const {
-    return loaded(id) != nullptr;
-}
-
 void Forms::unload(FormId id) {
     QPointer<QWidget>& s = slot(id);
     QWidget* form = s.data();

@@ -60,7 +60,7 @@ public:
     bool canLoad(FormId id) const {
         return static_cast<bool>(factories_[static_cast<std::size_t>(id)]);
     }
-    bool isLoaded(FormId id) const;
+    bool isLoaded(FormId id) const { return loaded(id) != nullptr; }
     // The window if it is loaded; null otherwise (nothing is loaded by asking).
     QWidget* loaded(FormId id) const { return slots_[static_cast<std::size_t>(id)].data(); }
     void unload(FormId id);
