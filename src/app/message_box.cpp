@@ -37,20 +37,4 @@ MessageBoxButton escapeButton(const MessageBoxStyle& style) {
     return buttons.back();
 }
 
-std::string buttonName(MessageBoxButton button) {
-    switch (button) {
-        case MessageBoxButton::Ok:
-            return "OK";
-        case MessageBoxButton::Cancel:
-            return "Cancel";
-        case MessageBoxButton::Retry:
-            return "Retry";
-        case MessageBoxButton::Yes:
-            return "Yes";
-        case MessageBoxButton::No:
-            return "No";
-    }
-    return "OK";
-}
-
 }  // namespace quillet

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 namespace quillet {
@@ -32,7 +31,5 @@ MessageBoxStyle messageBoxStyle(int flags);
 // The button that closing the box without choosing stands for (Escape or the close button):
 // Cancel where offered, else the last button (OK alone, No of Yes/No).
 MessageBoxButton escapeButton(const MessageBoxStyle& style);
-
-std::string buttonName(MessageBoxButton button);
 
 }  // namespace quillet

@@ -1,14 +1,27 @@
 #include "app/scripted_dialogs.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 namespace quillet {
 
 namespace {
 
-constexpr MessageBoxButton kButtons[] = {MessageBoxButton::Ok, MessageBoxButton::Cancel,
-                                         MessageBoxButton::Retry, MessageBoxButton::Yes,
-                                         MessageBoxButton::No};
+// The buttons by the names a script gives them and the log shows.
+constexpr std::pair<MessageBoxButton, std::string_view> kButtonNames[] = {
+    {MessageBoxButton::Ok, "OK"},
+    {MessageBoxButton::Cancel, "Cancel"},
+    {MessageBoxButton::Retry, "Retry"},
+    {MessageBoxButton::Yes, "Yes"},
+    {MessageBoxButton::No, "No"}};
+
+std::string_view buttonName(MessageBoxButton button) {
+    for (const auto& [known, name] : kButtonNames) {
+        if (known == button) return name;
+    }
+    return "OK";
+}
 
 }  // namespace
 
@@ -20,8 +33,8 @@ ScriptedDialogs::ScriptedDialogs(const std::string& script, std::ostream* log) :
         if (word.rfind("file:", 0) == 0) {
             fileAnswers_.push_back(word.substr(5));
         } else {
-            for (MessageBoxButton button : kButtons) {
-                if (buttonName(button) == word) boxAnswers_.push_back(button);
+            for (const auto& [button, name] : kButtonNames) {
+                if (name == word) boxAnswers_.push_back(button);
             }
         }
         start = end + 1;
