@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <fstream>
 #include <utility>
+
+#include "tools/exact_number.h"
 
 namespace quillet {
 
@@ -40,10 +41,9 @@ std::optional<ProcessorTimes> parseRow(std::string_view line) {
     std::array<std::uint64_t, Columns> counts{};
     std::size_t found = 0;
     for (std::string_view word = nextWord(line); !word.empty(); word = nextWord(line)) {
-        std::uint64_t count = 0;
-        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), count);
-        if (error != std::errc() || end != word.data() + word.size()) return std::nullopt;
-        if (found < counts.size()) counts[found] = count;
+        const auto count = exactNumber<std::uint64_t>(word);
+        if (!count) return std::nullopt;
+        if (found < counts.size()) counts[found] = *count;
         ++found;
     }
     if (found < kOldestColumns) return std::nullopt;

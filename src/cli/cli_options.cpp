@@ -1,9 +1,10 @@
 #include "cli/cli_options.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 #include <string_view>
+
+#include "tools/exact_number.h"
 
 namespace quillet::cli {
 
@@ -18,21 +19,13 @@ const std::map<std::string, Method, std::less<>> kMethods = {
     {"tfs", Method::TargetSize}, {"crf", Method::Crf}, {"abr", Method::Abr}, {"qp", Method::Qp}};
 
 std::optional<int> wholeNumber(const std::string& text, int low, int high) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size() || value < low || value > high) {
-        return std::nullopt;
-    }
-    return value;
+    const auto value = exactNumber<int>(text);
+    return value && *value >= low && *value <= high ? value : std::nullopt;
 }
 
 std::optional<double> positiveNumber(const std::string& text) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size() || !(value > 0)) {
-        return std::nullopt;
-    }
-    return value;
+    const auto value = exactNumber<double>(text);
+    return value && *value > 0 ? value : std::nullopt;
 }
 
 // A rate as ffmpeg takes it: a number with an optional "k" or "M".

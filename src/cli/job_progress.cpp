@@ -1,21 +1,14 @@
 #include "cli/job_progress.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
+
+#include "tools/exact_number.h"
 
 namespace quillet::cli {
 
 namespace {
-
-template <class Number>
-std::optional<Number> numberOf(std::string_view text) {
-    Number value{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return value;
-}
 
 std::string fixed(double value, int decimals) {
     char text[64];
@@ -38,17 +31,17 @@ bool readProgressLine(std::string_view line, Progress& progress) {
     std::string_view value = line.substr(equals + 1);
     while (!value.empty() && (value.back() == '\r' || value.back() == ' ')) value.remove_suffix(1);
     if (key == "out_time_us") {
-        if (const auto micros = numberOf<long long>(value); micros && *micros >= 0) {
+        if (const auto micros = exactNumber<long long>(value); micros && *micros >= 0) {
             progress.encodedSeconds = static_cast<double>(*micros) / 1e6;
         }
     } else if (key == "total_size") {
-        if (const auto bytes = numberOf<long long>(value); bytes && *bytes >= 0) {
+        if (const auto bytes = exactNumber<long long>(value); bytes && *bytes >= 0) {
             progress.bytesWritten = *bytes;
         }
     } else if (key == "speed") {
         if (!value.empty() && value.back() == 'x') value.remove_suffix(1);
         while (!value.empty() && value.front() == ' ') value.remove_prefix(1);
-        progress.speed = numberOf<double>(value);
+        progress.speed = exactNumber<double>(value);
     } else if (key == "progress") {
         progress.ended = value == "end";
         return true;

@@ -1,7 +1,6 @@
 #include "tools/duration_probe.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <mutex>
 #include <system_error>
@@ -10,6 +9,7 @@
 #include "base/text_format.h"
 #include "tools/command_words.h"
 #include "tools/dos_outputs.h"
+#include "tools/exact_number.h"
 
 namespace quillet {
 
@@ -17,11 +17,8 @@ namespace {
 
 // A whole line holding one finite, non-negative number in ffprobe's notation (never localised).
 std::optional<double> numberLine(std::string_view line) {
-    line = trimAny(line, " \t");
-    double value = 0;
-    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), value);
-    if (line.empty() || error != std::errc() || end != line.data() + line.size()) return {};
-    if (!std::isfinite(value) || value < 0) return {};
+    const auto value = exactNumber<double>(trimAny(line, " \t"));
+    if (!value || !std::isfinite(*value) || *value < 0) return {};
     return value;
 }
 
