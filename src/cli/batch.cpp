@@ -53,7 +53,8 @@ public:
         }
         const OutputPlan plan = planOutput(source, options_.outputFolder, options_.existing);
         end.output = utf8Of(plan.output);
-        if (plan.action == OutputPlan::Action::Skip) return skipped(end, plan.reason);
+        if (plan.action == OutputPlan::Action::Skip)
+            return endedAs(end, JobEnd::Status::Skipped, plan.reason);
         if (plan.action == OutputPlan::Action::Refuse) return failed(end, plan.reason);
         std::error_code error;
         fs::create_directories(plan.output.parent_path(), error);
@@ -102,11 +103,7 @@ private:
         if (stops_.requested() || !outcome.succeeded()) {
             std::error_code ignored;
             fs::remove(partial, ignored);
-            if (stops_.requested()) {
-                end.status = JobEnd::Status::Stopped;
-                end.message = "stopped";
-                return end;
-            }
+            if (stops_.requested()) return endedAs(end, JobEnd::Status::Stopped, "stopped");
             return failed(end, outcome.started ? "ffmpeg failed:" + lastLinesOf(outcome)
                                                : "ffmpeg could not be started");
         }
@@ -172,16 +169,14 @@ private:
         return end;
     }
 
-    static JobEnd skipped(JobEnd& end, const std::string& reason) {
-        end.status = JobEnd::Status::Skipped;
-        end.message = reason;
+    static JobEnd endedAs(JobEnd& end, JobEnd::Status status, const std::string& message) {
+        end.status = status;
+        end.message = message;
         return end;
     }
 
     static JobEnd failed(JobEnd& end, const std::string& reason) {
-        end.status = JobEnd::Status::Failed;
-        end.message = reason;
-        return end;
+        return endedAs(end, JobEnd::Status::Failed, reason);
     }
 
     const Options& options_;

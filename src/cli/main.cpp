@@ -64,11 +64,8 @@ int main(int argc, char** argv) {
         return kBadUsage;
     }
     const Options& options = *parsed.options;
-    Tools tools;
     const auto ffprobe = requireTool("ffprobe");
     const auto ffmpeg = options.command == Command::Probe ? ffprobe : requireTool("ffmpeg");
     if (!ffprobe || !ffmpeg) return kSomeFailed;
-    tools.ffprobe = *ffprobe;
-    tools.ffmpeg = *ffmpeg;
-    return runBatch(options, tools, stops, stdout, stderr, isTerminal(stdout));
+    return runBatch(options, Tools{*ffmpeg, *ffprobe}, stops, stdout, stderr, isTerminal(stdout));
 }
