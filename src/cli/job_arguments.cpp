@@ -55,27 +55,28 @@ void passStatistics(Words& words, int pass) {
                 "pass=" + std::to_string(pass) + ":stats=" + std::string(kPassStatistics)});
 }
 
+// The picture at the rate factor asked for: the CRF method's and the MP3 tool's.
+void crfVideo(Words& words, const Options& options) {
+    add(words, {"-c:v", "libx265", "-crf", std::to_string(options.compress.crf), "-preset",
+                options.preset});
+}
+
 void compressOptions(Words& words, const Options& options, long long videoBitsPerSecond) {
     const CompressSettings& compress = options.compress;
-    if (compress.method == Method::TargetSize) {
-        targetSizeVideo(words, options, videoBitsPerSecond);
-        aacAudio(words, options);
-        return;
-    }
-    add(words, {"-c:v", "libx265"});
     switch (compress.method) {
         case Method::TargetSize:
+            targetSizeVideo(words, options, videoBitsPerSecond);
             break;
         case Method::Crf:
-            add(words, {"-crf", std::to_string(compress.crf), "-preset", options.preset});
+            crfVideo(words, options);
             break;
         case Method::Abr:
             add(words,
-                {"-preset", options.preset, "-b:v", compress.bitRate, "-minrate", compress.minRate,
-                 "-maxrate", compress.maxRate, "-bufsize", compress.bufferSize});
+                {"-c:v", "libx265", "-preset", options.preset, "-b:v", compress.bitRate, "-minrate",
+                 compress.minRate, "-maxrate", compress.maxRate, "-bufsize", compress.bufferSize});
             break;
         case Method::Qp:
-            add(words, {"-x265-params",
+            add(words, {"-c:v", "libx265", "-x265-params",
                         "qp=" + std::to_string(compress.qp) +
                             ":rc-lookahead=" + std::to_string(compress.lookAhead),
                         "-preset", options.preset});
@@ -93,8 +94,7 @@ Words jobArguments(const Options& options, const JobFiles& files, long long vide
             compressOptions(words, options, videoBitsPerSecond);
             break;
         case Command::Mp3:
-            add(words, {"-c:v", "libx265", "-crf", std::to_string(options.compress.crf), "-preset",
-                        options.preset});
+            crfVideo(words, options);
             mp3Audio(words, options);
             break;
         case Command::Scale:
