@@ -1,6 +1,7 @@
 #include "app/tool_check.h"
 
 #include "base/text_format.h"
+#include "tools/utf8_paths.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -38,10 +39,7 @@ std::optional<std::vector<std::string>> regularFileNames(const std::filesystem::
     std::vector<std::string> names;
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::error_code typeError;
-        if (entry->is_regular_file(typeError)) {
-            const std::u8string name = entry->path().filename().u8string();
-            names.emplace_back(name.begin(), name.end());
-        }
+        if (entry->is_regular_file(typeError)) names.push_back(utf8Of(entry->path().filename()));
     }
     if (error) return std::nullopt;
     return names;
