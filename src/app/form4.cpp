@@ -18,8 +18,10 @@ namespace {
 constexpr int kWidthTwips = 7200;
 constexpr int kHeightTwips = 2400;
 
-QLabel* makeLabel(const QString& text, QWidget* parent, int pointSize, bool bold) {
+QLabel* makeLabel(const char* name, const QString& text, QWidget* parent, int pointSize,
+                  bool bold) {
     auto* label = new QLabel(text, parent);
+    label->setObjectName(name);
     QFont font = label->font();
     font.setPointSize(pointSize);
     font.setBold(bold);
@@ -46,12 +48,9 @@ Form4::Form4(Forms& forms)
 
     Shape1 = new QFrame(this);
     Shape1->setObjectName("Shape1");
-    Label1 = makeLabel("Quillet (Version 2.0)  libx265 HQ", this, 16, true);
-    Label1->setObjectName("Label1");
-    Label2 = makeLabel("Loading...", this, 11, false);
-    Label2->setObjectName("Label2");
-    Label3 = makeLabel("Waiting for Windows Management Instrumentation", this, 9, false);
-    Label3->setObjectName("Label3");
+    Label1 = makeLabel("Label1", "Quillet (Version 2.0)  libx265 HQ", this, 16, true);
+    Label2 = makeLabel("Label2", "Loading...", this, 11, false);
+    Label3 = makeLabel("Label3", "Waiting for Windows Management Instrumentation", this, 9, false);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
     layout->addWidget(Label1);

@@ -1,5 +1,7 @@
 #include "cli/ffmpeg_run.h"
 
+#include <algorithm>
+
 namespace quillet::cli {
 
 namespace {
@@ -10,11 +12,9 @@ constexpr std::size_t kLinesKept = 8;
 bool isProgressReport(const std::string& line) {
     const std::size_t equals = line.find('=');
     if (equals == 0 || equals == std::string::npos) return false;
-    for (std::size_t i = 0; i < equals; ++i) {
-        const char c = line[i];
-        if (!((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_')) return false;
-    }
-    return true;
+    return std::all_of(
+        line.begin(), line.begin() + static_cast<std::ptrdiff_t>(equals),
+        [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_'; });
 }
 
 }  // namespace

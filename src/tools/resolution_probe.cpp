@@ -10,18 +10,16 @@ namespace quillet {
 
 namespace {
 
-// Blanks, and the line ends of either system, at both ends.
-std::string_view trimLine(std::string_view text) {
-    return trimAny(text, " \r\n");
-}
+// What numbers and the result lose at both ends: blanks, and the line ends of either system.
+constexpr std::string_view kBlanksAndLineEnds = " \r\n";
 
 // A number's text: trimmed, with one trailing character dropped if it is not a digit.
 std::string numberText(std::string_view text) {
-    text = trimLine(text);
+    text = trimAny(text, kBlanksAndLineEnds);
     if (!text.empty() && !std::isdigit(static_cast<unsigned char>(text.back()))) {
         text.remove_suffix(1);
     }
-    return std::string(trimLine(text));
+    return std::string(trimAny(text, kBlanksAndLineEnds));
 }
 
 }  // namespace
@@ -45,7 +43,7 @@ std::optional<std::string> parseResolutionPiece(std::string_view piece) {
     // Several video streams leave line ends inside the width: each becomes a blank.
     std::replace(result.begin(), result.end(), '\n', ' ');
     std::replace(result.begin(), result.end(), '\r', ' ');
-    return std::string(trimLine(result));
+    return std::string(trimAny(result, kBlanksAndLineEnds));
 }
 
 }  // namespace quillet
