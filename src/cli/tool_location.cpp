@@ -9,7 +9,6 @@
 #include <unistd.h>
 #endif
 
-#include "base/platform_names.h"
 #include "tools/program_lookup.h"
 #include "tools/utf8_paths.h"
 
@@ -20,8 +19,10 @@ namespace fs = std::filesystem;
 namespace {
 
 #ifdef _WIN32
+constexpr const char* kProgramEnding = ".exe";
 constexpr char kPathSeparator = ';';
 #else
+constexpr const char* kProgramEnding = "";
 constexpr char kPathSeparator = ':';
 #endif
 
@@ -60,7 +61,7 @@ std::optional<fs::path> findTool(const std::string& name, const fs::path& folder
         }
     }
     for (const fs::path& place : folders) {
-        const fs::path candidate = place / (name + std::string(kThisPlatform.executableSuffix));
+        const fs::path candidate = place / (name + kProgramEnding);
         lookedAt.push_back(utf8Of(candidate));
         if (isProgram(candidate)) return candidate;
     }
