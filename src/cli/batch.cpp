@@ -4,11 +4,13 @@
 #include <random>
 #include <system_error>
 
+#include "base/text_format.h"
 #include "cli/batch_report.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
 #include "cli/output_plan.h"
 #include "cli/source_facts.h"
+#include "cli/target_search.h"
 #include "tools/utf8_paths.h"
 
 namespace quillet::cli {
@@ -17,10 +19,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A two-pass target size lands between these shares of the target; a correcting run aims at the
-// middle.
-constexpr double kLowestShareOfTarget = 0.98;
-constexpr double kAimedShareOfTarget = 0.99;
+// How many times the second pass of a two-pass target size may run, the first included.
+constexpr int kSecondPassesAllowed = 3;
 
 long long fileSize(const fs::path& path) {
     std::error_code error;
@@ -89,12 +89,15 @@ private:
             view.progress = progress;
             report_.progress(view);
         };
+        std::string searchNote;
         const RunOutcome outcome =
             targetSize && options_.compress.twoPass
-                ? twoPasses(files, videoRate, facts, show)
+                ? twoPasses(files, videoRate, facts, show, searchNote)
                 : runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)}, {},
                           stops_, show);
-        return ended(end, outcome, partial, output);
+        ended(end, outcome, partial, output);
+        if (end.status == JobEnd::Status::Done) end.message = searchNote;
+        return end;
     }
 
     // The end of a job that ran: a stopped or failed one leaves nothing half-written behind.
@@ -118,7 +121,7 @@ private:
     // measured size leaves. The statistics and the audio live in a folder of their own, gone
     // afterwards.
     RunOutcome twoPasses(const JobFiles& files, long long firstRate, const SourceFacts& facts,
-                         const ProgressHandler& show) {
+                         const ProgressHandler& show, std::string& searchNote) {
         std::error_code error;
         const fs::path folder = fs::temp_directory_path(error) /
                                 ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
@@ -131,8 +134,8 @@ private:
             const double audioBits = audio ? fileSize(folder / kPassAudio) * 8.0 : 0;
             const TargetRate rate = videoRateBeside(audioBits, facts);
             if (rate.refusal.empty()) {
-                outcome =
-                    secondPasses(files, rate.videoBitsPerSecond, audio, audioBits, folder, show);
+                outcome = secondPasses(files, rate.videoBitsPerSecond, audio, audioBits, folder,
+                                       show, searchNote);
             } else {
                 outcome.exitCode = -1;
                 outcome.lastLines = {rate.refusal};
@@ -142,25 +145,64 @@ private:
         return outcome;
     }
 
-    // The second pass, run again (at most twice, on the same statistics) at a rate corrected by
-    // how far the output missed, while it is over the target or more than 2% under it.
+    // The second pass, run again on the same statistics at the rates the search asks. The best
+    // attempt not over the target is set aside beside the output, so that a later attempt cannot
+    // overwrite it; an attempt over the target is never kept, and with none under, the job fails.
     RunOutcome secondPasses(const JobFiles& files, long long rate, bool audio, double audioBits,
-                            const fs::path& folder, const ProgressHandler& show) {
-        const double targetBytes = *options_.compress.targetMb * kBytesPerMb;
+                            const fs::path& folder, const ProgressHandler& show,
+                            std::string& searchNote) {
+        TargetSearch search(*options_.compress.targetMb * kBytesPerMb, audioBits / 8,
+                            kSecondPassesAllowed);
+        const fs::path output = pathFromUtf8(files.output);
+        fs::path best = output;
+        best += pathFromUtf8(".best");
+        std::error_code error;
         RunOutcome outcome;
-        for (int run = 0; run < 3; ++run) {
+        for (;;) {
             outcome = runTool(
                 ProgramCall{files.ffmpeg, secondPassArguments(options_, files, rate, audio)},
                 utf8Of(folder), stops_, show);
             if (!outcome.succeeded() || stops_.requested()) break;
-            const auto bytes = static_cast<double>(fileSize(files.output));
-            if (bytes <= targetBytes && bytes >= targetBytes * kLowestShareOfTarget) break;
-            const double videoBits = bytes * 8 - audioBits;
-            if (videoBits <= 0) break;
-            rate = std::llround(rate * (targetBytes * kAimedShareOfTarget * 8 - audioBits) /
-                                videoBits);
+            const auto bestBefore = search.bestUnder();
+            search.record(rate, static_cast<double>(fileSize(output)));
+            const auto bestNow = search.bestUnder();
+            if (bestNow && (!bestBefore || bestNow->bytes > bestBefore->bytes)) {
+                fs::rename(output, best, error);
+            }
+            if (error || search.finished()) break;
+            rate = search.nextRate();
         }
+        if (outcome.succeeded() && !stops_.requested() && !error) {
+            if (search.bestUnder()) {
+                // Not every system renames onto an existing file.
+                fs::remove(output, error);
+                fs::rename(best, output, error);
+                searchNote = targetNote(search);
+            } else {
+                outcome.exitCode = -1;
+                outcome.lastLines = {targetNote(search)};
+            }
+        }
+        if (error) {
+            outcome.exitCode = -1;
+            outcome.lastLines = {"an attempt cannot be set aside: " + error.message()};
+        }
+        fs::remove(best, error);
         return outcome;
+    }
+
+    // What a two-pass target size came to, unless it landed where it aims.
+    static std::string targetNote(const TargetSearch& search) {
+        const std::string encodes = " after " + std::to_string(search.encodes()) + " encodes";
+        const auto best = search.bestUnder();
+        if (!best) {
+            return "no attempt came within the target" + encodes + "; nothing is kept";
+        }
+        if (search.landed()) return {};
+        const double under = 100 * (1 - best->bytes / search.targetBytes());
+        return "kept the best attempt, " +
+               formatNumber(under, kOneDecimalPattern, FormatLocale{}).value_or("?") +
+               "% under the target" + encodes;
     }
 
     JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {
