@@ -20,11 +20,12 @@ Commands:
 compress:
   --method tfs|crf|abr|qp  target file size, constant rate factor (default),
                            average bit rate or constant quantizer
-  --target-mb MB           the size to reach (tfs); 1 MB = 1,048,576 bytes
+  --target-mb MB           the size to reach (tfs), up to 1000000 MB;
+                           1 MB = 1,048,576 bytes
   --two-pass               two passes, to land within 2% of the target, never over
   --crf N                  rate factor, 0 to 51 (default 20)
   --bitrate R --minrate R --maxrate R --bufsize R
-                           abr rates (defaults 900k, 1.1M, 2.0M, 1.1M)
+                           abr rates up to 2000M (defaults 900k, 1.1M, 2.0M, 1.1M)
   --qp N --lookahead N     qp quantizer and look-ahead (defaults 14, 18)
   --preset NAME            libx265 preset (default veryfast)
   --audio-bitrate K        AAC audio in kbit/s (default 160)
@@ -38,7 +39,9 @@ Every command:
   --output-dir DIR   write the outputs there
   --overwrite        replace an existing output (default: skip that input)
   --rename           keep an existing output and write Compressed-<name> (2) and so on
-  --json             one JSON object per progress update and per finished job
+  --json             one JSON object per progress update and per finished job;
+                     a number not known (a speed ffmpeg cannot tell) is null, and
+                     each byte of a name that is not UTF-8 is kept as \udc80-\udcff
   --                 what follows are inputs, even names that start with "-"
 
 Exit status: 0 every job done or skipped, 1 some job failed, 2 bad usage, 130 stopped

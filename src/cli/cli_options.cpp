@@ -23,16 +23,33 @@ std::optional<int> wholeNumber(const std::string& text, int low, int high) {
     return value && *value >= low && *value <= high ? value : std::nullopt;
 }
 
-std::optional<double> positiveNumber(const std::string& text) {
+// The largest target size: about a terabyte, far above any video yet small enough that the bit
+// rate worked out from it stays a whole number ffmpeg can hold.
+constexpr double kMostTargetMb = 1000000;
+// The largest rate in bit/s: ffmpeg keeps the buffer size in a 32-bit whole number.
+constexpr double kMostBitsPerSecond = 2000e6;
+
+// A number above 0 and at most `most`; "inf" and "nan", which the reading takes as numbers, fail
+// the same test.
+std::optional<double> positiveNumber(const std::string& text, double most) {
     const auto value = exactNumber<double>(text);
-    return value && *value > 0 ? value : std::nullopt;
+    return value && *value > 0 && *value <= most ? value : std::nullopt;
 }
 
-// A rate as ffmpeg takes it: a number with an optional "k" or "M".
+// A rate as ffmpeg takes it: a number with an optional "k" or "M", from 1 bit/s up to the most.
 bool isRate(const std::string& text) {
     std::string number = text;
-    if (!number.empty() && (number.back() == 'k' || number.back() == 'M')) number.pop_back();
-    return positiveNumber(number).has_value();
+    double unit = 1;
+    if (!number.empty() && (number.back() == 'k' || number.back() == 'M')) {
+        unit = number.back() == 'k' ? 1e3 : 1e6;
+        number.pop_back();
+    }
+    const auto value = positiveNumber(number, kMostBitsPerSecond / unit);
+    return value && *value * unit >= 1;
+}
+
+std::string wholeText(double value) {
+    return std::to_string(static_cast<long long>(value));
 }
 
 // The problems below complete "OPTION takes ...": the reader puts the option's name in front.
@@ -47,7 +64,10 @@ std::string wholeInto(int& target, const std::string& text, int low, int high) {
 }
 
 std::string rateInto(std::string& target, const std::string& text) {
-    if (!isRate(text)) return "a rate such as 900k or 1.5M, not \"" + text + "\"";
+    if (!isRate(text)) {
+        return "a rate from 1 to " + wholeText(kMostBitsPerSecond / 1e6) +
+               "M bit/s, such as 900k or 1.5M, not \"" + text + "\"";
+    }
     target = text;
     return {};
 }
@@ -77,8 +97,10 @@ constexpr OptionRow kOptions[] = {
      }},
     {"--target-mb", true,
      [](Options& o, Value v) -> std::string {
-         o.compress.targetMb = positiveNumber(v);
-         return o.compress.targetMb ? "" : "a size in MB above 0";
+         o.compress.targetMb = positiveNumber(v, kMostTargetMb);
+         if (o.compress.targetMb) return {};
+         return "a size in MB above 0 and up to " + wholeText(kMostTargetMb) + ", not \"" + v +
+                "\"";
      }},
     {"--two-pass", false, [](Options& o, Value) { return assign(o.compress.twoPass, true); }},
     {"--crf", true,

@@ -18,8 +18,47 @@ std::string fixed(double value, int decimals) {
 
 // The share done, from 0 to 1, when the running time is known.
 std::optional<double> shareDone(const JobView& job) {
-    if (!job.runningSeconds || *job.runningSeconds <= 0) return std::nullopt;
+    if (!job.runningSeconds || !std::isfinite(*job.runningSeconds) || *job.runningSeconds <= 0) {
+        return std::nullopt;
+    }
     return std::clamp(job.progress.encodedSeconds / *job.runningSeconds, 0.0, 1.0);
+}
+
+// The length of the valid UTF-8 sequence that starts `text`, or 0 when its first byte starts none:
+// a stray continuation byte, a sequence cut short, an overlong form, a surrogate or a code point
+// above U+10FFFF.
+std::size_t utf8Length(std::string_view text) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char lead = byte(0);
+    if (lead < 0x80) return 1;
+    std::size_t length = 0;
+    // The second byte's range depends on the lead; the bytes after it are always 80..BF.
+    unsigned char low = 0x80;
+    unsigned char high = 0xBF;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        if (lead == 0xE0) low = 0xA0;   // below: overlong
+        if (lead == 0xED) high = 0x9F;  // above: the surrogates
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        if (lead == 0xF0) low = 0x90;   // below: overlong
+        if (lead == 0xF4) high = 0x8F;  // above: past U+10FFFF
+    } else {
+        return 0;
+    }
+    if (text.size() < length || byte(1) < low || byte(1) > high) return 0;
+    for (std::size_t i = 2; i < length; ++i) {
+        if (byte(i) < 0x80 || byte(i) > 0xBF) return 0;
+    }
+    return length;
+}
+
+void appendEscape(std::string& quoted, unsigned code) {
+    char escaped[16];
+    std::snprintf(escaped, sizeof escaped, "\\u%04x", code);
+    quoted += escaped;
 }
 
 }  // namespace
@@ -41,7 +80,11 @@ bool readProgressLine(std::string_view line, Progress& progress) {
     } else if (key == "speed") {
         if (!value.empty() && value.back() == 'x') value.remove_suffix(1);
         while (!value.empty() && value.front() == ' ') value.remove_prefix(1);
+        // "N/A" at the start, and "nan" or "inf" when ffmpeg divides by a time of zero: no speed.
         progress.speed = exactNumber<double>(value);
+        if (progress.speed && !(std::isfinite(*progress.speed) && *progress.speed >= 0)) {
+            progress.speed.reset();
+        }
     } else if (key == "progress") {
         progress.ended = value == "end";
         return true;
@@ -82,29 +125,40 @@ std::string terminalLine(const JobView& job) {
 
 std::string jsonString(std::string_view text) {
     std::string quoted = "\"";
-    for (const char c : text) {
+    while (!text.empty()) {
+        const unsigned char c = static_cast<unsigned char>(text.front());
+        const std::size_t length = utf8Length(text);
+        if (length == 0) {
+            // A byte outside valid UTF-8 stands as U+DC80..U+DCFF, a code point valid UTF-8 never
+            // holds, so the name's bytes can be had back whole.
+            appendEscape(quoted, 0xDC00 + c);
+            text.remove_prefix(1);
+            continue;
+        }
         if (c == '"' || c == '\\') {
             quoted += '\\';
-            quoted += c;
-        } else if (static_cast<unsigned char>(c) < 0x20) {
-            char escaped[8];
-            std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
-            quoted += escaped;
+            quoted += static_cast<char>(c);
+        } else if (c < 0x20) {
+            appendEscape(quoted, c);
         } else {
-            quoted += c;
+            quoted.append(text.substr(0, length));
         }
+        text.remove_prefix(length);
     }
     return quoted + "\"";
+}
+
+std::string jsonNumber(std::optional<double> value, int decimals) {
+    return value && std::isfinite(*value) ? fixed(*value, decimals) : "null";
 }
 
 std::string jsonUpdate(const JobView& job) {
     const Progress& progress = job.progress;
     std::string json = "{\"event\":\"progress\",\"source\":" + jsonString(job.name) +
-                       ",\"encoded_seconds\":" + fixed(progress.encodedSeconds, 3) +
+                       ",\"encoded_seconds\":" + jsonNumber(progress.encodedSeconds, 3) +
                        ",\"bytes_written\":" + std::to_string(progress.bytesWritten);
-    if (const auto share = shareDone(job)) json += ",\"percent\":" + fixed(*share * 100, 2);
-    if (progress.speed) json += ",\"speed\":" + fixed(*progress.speed, 3);
-    return json + "}";
+    if (const auto share = shareDone(job)) json += ",\"percent\":" + jsonNumber(*share * 100, 2);
+    return json + ",\"speed\":" + jsonNumber(progress.speed, 3) + "}";
 }
 
 std::string statusName(JobEnd::Status status) {
@@ -122,8 +176,8 @@ std::string statusName(JobEnd::Status status) {
 }
 
 std::string jsonEnd(const JobEnd& end) {
-    std::string json = "{\"event\":\"end\",\"status\":\"" + statusName(end.status) +
-                       "\",\"source\":" + jsonString(end.source) +
+    std::string json = "{\"event\":\"end\",\"status\":" + jsonString(statusName(end.status)) +
+                       ",\"source\":" + jsonString(end.source) +
                        ",\"output\":" + jsonString(end.output) +
                        ",\"message\":" + jsonString(end.message);
     if (end.status == JobEnd::Status::Done) {

@@ -10,7 +10,7 @@ namespace quillet::cli {
 struct Progress {
     double encodedSeconds = 0;
     long long bytesWritten = 0;
-    std::optional<double> speed;  // times real time
+    std::optional<double> speed;  // times real time, when ffmpeg gave a finite one
     bool ended = false;           // "progress=end"
 };
 
@@ -29,7 +29,8 @@ struct JobView {
 // and the projected final size, each when it can be known.
 std::string terminalLine(const JobView& job);
 
-// One JSON object (one line) per progress update.
+// One JSON object (one line) per progress update; its speed is null while ffmpeg gives no finite
+// one ("N/A" at the start, "nan" or "inf" after a time of zero).
 std::string jsonUpdate(const JobView& job);
 
 // How a job ended, for the reports and the summary.
@@ -57,7 +58,13 @@ std::string megabytesText(double bytes, int decimals = 1);
 // "h:mm:ss" of a number of seconds, rounded down.
 std::string clockText(double seconds);
 
-// Text in a JSON string, quotes included.
+// Text in a JSON string, quotes included, for any bytes: valid UTF-8 passes as it is, with `"`,
+// `\` and the control characters escaped; each byte that is not part of valid UTF-8 (a file name
+// need not be) is written as the escaped code point U+DC00 + byte, "\udc80" to "\udcff", the way
+// some languages keep undecodable bytes. The line stays valid UTF-8 and the bytes can be had back.
 std::string jsonString(std::string_view text);
+
+// A number in JSON with `decimals` decimals, or null when it is not known or not finite.
+std::string jsonNumber(std::optional<double> value, int decimals);
 
 }  // namespace quillet::cli

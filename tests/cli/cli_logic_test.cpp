@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -29,7 +30,7 @@ TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
         {{"compress", "--crf", "52", "a.mp4"},
          "--crf takes a whole number from 0 to 51, not \"52\""},
         {{"compress", "--bitrate", "fast", "a.mp4"},
-         "--bitrate takes a rate such as 900k or 1.5M, not \"fast\""},
+         "--bitrate takes a rate from 1 to 2000M bit/s, such as 900k or 1.5M, not \"fast\""},
         {{"compress", "a.mp4", "--preset"}, "--preset needs a value"},
         {{"scale", "--height", "1080", "a.mp4"}, "--height takes 240, 360, 480 or 720"},
         {{"tags", "--tag", "=x", "a.mp4"}, "--tag takes KEY=VALUE, not \"=x\""},
@@ -41,6 +42,36 @@ TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
     EXPECT_NE(parseArguments({"probe", "--help"}).help.find("Usage:"), std::string::npos);
     // After "--" a name that starts with "-" is an input.
     EXPECT_EQ(parsed({"compress", "--", "-y.mp4", "--json"}).inputs, (Words{"-y.mp4", "--json"}));
+}
+
+// "inf" and "1e20" once reached ffmpeg as a bit rate of -9223372036854775808.
+TEST(CliOptions, NumbersNotFiniteOrBeyondWhatFfmpegHoldsAreBadUsage) {
+    const std::string target = "--target-mb takes a size in MB above 0 and up to 1000000, not ";
+    const std::pair<Words, std::string> refused[] = {
+        {{"--target-mb", "inf"}, target + "\"inf\""},
+        {{"--target-mb", "nan"}, target + "\"nan\""},
+        {{"--target-mb", "1e20"}, target + "\"1e20\""},
+        {{"--target-mb", "1000000.5"}, target + "\"1000000.5\""},
+        {{"--target-mb", "-3"}, target + "\"-3\""},
+        {{"--target-mb", "0"}, target + "\"0\""},
+        {{"--bitrate", "inf"}, "--bitrate"},
+        {{"--bitrate", "nanM"}, "--bitrate"},
+        {{"--maxrate", "1e20k"}, "--maxrate"},
+        {{"--bufsize", "2001M"}, "--bufsize"},
+        {{"--minrate", "0.5"}, "--minrate"},
+    };
+    for (const auto& [option, error] : refused) {
+        Words arguments = {"compress", "--method", "tfs", "--target-mb", "50"};
+        arguments.insert(arguments.end(), option.begin(), option.end());
+        arguments.push_back("a.mp4");
+        const Parsed result = parseArguments(arguments);
+        EXPECT_FALSE(result.options) << option[1];
+        EXPECT_EQ(result.error.substr(0, error.size()), error) << option[1];
+    }
+    const Options largest = parsed({"compress", "--method", "tfs", "--target-mb", "1000000",
+                                    "--bufsize", "2000M", "--minrate", "1", "a.mp4"});
+    EXPECT_EQ(largest.compress.targetMb, 1000000.0);
+    EXPECT_EQ(largest.compress.bufferSize, "2000M");
 }
 
 TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
@@ -140,6 +171,55 @@ TEST(JobProgress, ProgressLinesGiveTheLineTheJsonAndTheEstimate) {
               R"({"event":"progress","source":"a \"b\".mp4","encoded_seconds":5.000,)"
               R"("bytes_written":1048576,"percent":25.00,"speed":2.500})");
     EXPECT_EQ(jsonString("line\nbreak\\"), R"("line\u000abreak\\")");
+}
+
+TEST(JobProgress, JsonStringsAreValidUtf8WhateverBytesTheNameHolds) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"plain.mp4", R"("plain.mp4")"},
+        {"a \"b\" c\\d", R"("a \"b\" c\\d")"},
+        {std::string("\t\n\r\x01\x1f\0end", 9), R"("\u0009\u000a\u000d\u0001\u001f\u0000end")"},
+        // Valid UTF-8 of every length passes as it is, up to the last code point.
+        {"caf\xc3\xa9 \xe8\xa6\x96\xe9\xa0\xbb \xf0\x9f\x8e\xac \xf4\x8f\xbf\xbf",
+         "\"caf\xc3\xa9 \xe8\xa6\x96\xe9\xa0\xbb \xf0\x9f\x8e\xac \xf4\x8f\xbf\xbf\""},
+        // A Latin-1 name, stray continuation bytes and bytes that never start anything.
+        {"caf\xe9.mp4", R"("caf\udce9.mp4")"},
+        {"\x80\xbf\xfe\xff", R"("\udc80\udcbf\udcfe\udcff")"},
+        // Sequences cut short, at the end and before other text.
+        {"\xe8\xa6", R"("\udce8\udca6")"},
+        {"\xf0\x9f\x8e.mp4", R"("\udcf0\udc9f\udc8e.mp4")"},
+        {"\xc3\"", R"("\udcc3\"")"},
+        {"\xe8\xa6\xe8\xa6\x96", "\"\\udce8\\udca6\xe8\xa6\x96\""},
+        // Overlong forms, an encoded surrogate and a code point past U+10FFFF.
+        {"\xc0\xaf\xc1\xbf", R"("\udcc0\udcaf\udcc1\udcbf")"},
+        {"\xe0\x80\xaf", R"("\udce0\udc80\udcaf")"},
+        {"\xf0\x82\x82\xac", R"("\udcf0\udc82\udc82\udcac")"},
+        {"\xed\xb3\xa9", R"("\udced\udcb3\udca9")"},
+        {"\xf4\x90\x80\x80", R"("\udcf4\udc90\udc80\udc80")"},
+    };
+    for (const auto& [text, json] : cases) EXPECT_EQ(jsonString(text), json) << json;
+}
+
+TEST(JobProgress, ASpeedOrRunningTimeThatIsNoFiniteNumberIsNullOrLeftOut) {
+    for (const char* speed : {"speed=nan", "speed=nanx", "speed= infx", "speed=-inf", "speed=inf",
+                              "speed=N/A", "speed=-1.5x"}) {
+        Progress progress;
+        for (const char* line : {"out_time_us=5000000", "total_size=1048576", "speed=2.5x", speed,
+                                 "progress=continue"}) {
+            readProgressLine(line, progress);
+        }
+        const JobView job{"a.mp4", 20.0, progress};
+        EXPECT_EQ(jsonUpdate(job),
+                  R"({"event":"progress","source":"a.mp4","encoded_seconds":5.000,)"
+                  R"("bytes_written":1048576,"percent":25.00,"speed":null})")
+            << speed;
+        EXPECT_EQ(terminalLine(job), "a.mp4  25.0%  0:00:05  1.0 MB") << speed;
+    }
+    // A running time that is no number gives no share, rather than a share of "nan".
+    Progress progress;
+    readProgressLine("out_time_us=5000000", progress);
+    EXPECT_EQ(jsonUpdate({"a.mp4", std::nan(""), progress}),
+              R"({"event":"progress","source":"a.mp4","encoded_seconds":5.000,)"
+              R"("bytes_written":0,"speed":null})");
 }
 
 TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
