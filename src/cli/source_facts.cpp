@@ -2,6 +2,7 @@
 
 #include "cli/job_progress.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <sstream>
@@ -15,6 +16,9 @@ namespace {
 constexpr double kVideoShare = 0.99;
 // Below this the encoder cannot keep to a rate at all.
 constexpr double kLowestVideoBitsPerSecond = 16000;
+// The highest rate the companion hands on, as for --bitrate: a large target over a very short
+// clip asks for more than any encoder can use (or a 64-bit count can hold).
+constexpr double kHighestVideoBitsPerSecond = 2000e6;
 
 }  // namespace
 
@@ -70,7 +74,7 @@ TargetRate targetRate(double targetMb, double seconds, double audioBits) {
                        " is too small: the audio with the least video needs " +
                        megabytesText(neededBits / 8 / kVideoShare, 2)};
     }
-    return {std::llround(videoBitsPerSecond), {}};
+    return {std::llround(std::min(videoBitsPerSecond, kHighestVideoBitsPerSecond)), {}};
 }
 
 double audioBitsAt(int kbps, double seconds) {

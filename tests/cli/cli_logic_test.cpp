@@ -235,6 +235,8 @@ TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
     EXPECT_EQ(targetRate(10, 100, 0).videoBitsPerSecond, 830472);
     EXPECT_EQ(targetRate(1, 100, audio).refusal,
               "a target of 1.00 MB is too small: the audio with the least video needs 2.12 MB");
+    // The largest target over a clip of a microsecond asks for no more than the encoder can use.
+    EXPECT_EQ(targetRate(1e6, 1e-6, 0).videoBitsPerSecond, 2'000'000'000);
 }
 
 }  // namespace
