@@ -114,6 +114,28 @@ private:
             return failed(end, "the output cannot take its name; it is left as " + utf8Of(partial));
         }
         end.outputBytes = fileSize(output);
+        return keptIfSmaller(end, output);
+    }
+
+    // With --min-saving, an output not that much smaller than its source goes: the source is
+    // the better copy to keep.
+    JobEnd keptIfSmaller(JobEnd& end, const fs::path& output) const {
+        const int percent = options_.minSavingPercent;
+        if (percent == 0 || end.outputBytes <= end.sourceBytes * (100.0 - percent) / 100) {
+            return end;
+        }
+        std::error_code ignored;
+        fs::remove(output, ignored);
+        const double saved =
+            end.sourceBytes > 0 ? 100 * (1 - static_cast<double>(end.outputBytes) / end.sourceBytes)
+                                : 0;
+        end.status = JobEnd::Status::KeptSource;
+        end.message =
+            "the output, " + megabytesText(static_cast<double>(end.outputBytes)) + ", " +
+            (saved > 0 ? "was only " + formatNumber(saved, kOneDecimalPattern, {}).value_or("?") +
+                             "% smaller"
+                       : std::string("was not smaller")) +
+            ", and is removed";
         return end;
     }
 

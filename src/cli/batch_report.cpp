@@ -24,6 +24,9 @@ void BatchReport::finished(const JobEnd& end) {
             ++done_;
             if (!end.output.empty()) bytesSaved_ += end.sourceBytes - end.outputBytes;
             break;
+        case JobEnd::Status::KeptSource:
+            ++keptSource_;
+            break;
         case JobEnd::Status::Skipped:
             ++skipped_;
             break;
@@ -47,11 +50,16 @@ void BatchReport::summary(bool inputProblems) {
     clearLine();
     if (json_) {
         std::fprintf(out_,
-                     "{\"event\":\"summary\",\"done\":%d,\"skipped\":%d,\"failed\":%d,"
-                     "\"input_problems\":%s,\"bytes_saved\":%lld}\n",
-                     done_, skipped_, failed_, inputProblems ? "true" : "false", bytesSaved_);
+                     "{\"event\":\"summary\",\"done\":%d,\"kept_source\":%d,\"skipped\":%d,"
+                     "\"failed\":%d,\"input_problems\":%s,\"bytes_saved\":%lld}\n",
+                     done_, keptSource_, skipped_, failed_, inputProblems ? "true" : "false",
+                     bytesSaved_);
     } else {
-        std::fprintf(out_, "%d done, %d skipped, %d failed, %s saved\n", done_, skipped_, failed_,
+        const std::string keptSource =
+            keptSource_ > 0 ? ", " + std::to_string(keptSource_) + " kept the source (not smaller)"
+                            : "";
+        std::fprintf(out_, "%d done%s, %d skipped, %d failed, %s saved\n", done_,
+                     keptSource.c_str(), skipped_, failed_,
                      megabytesText(static_cast<double>(bytesSaved_)).c_str());
     }
     std::fflush(out_);

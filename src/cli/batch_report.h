@@ -17,7 +17,8 @@ public:
     void progress(const JobView& job);
     void finished(const JobEnd& end);
     void problem(const std::string& text);
-    // "N done, N skipped, N failed, X MB saved"; `inputProblems`: some input named nothing.
+    // "N done, N skipped, N failed, X MB saved", with "N kept the source (not smaller)" after the
+    // done when there are any; `inputProblems`: some input named nothing.
     void summary(bool inputProblems);
     bool anyFailed() const { return failed_ > 0; }
 
@@ -30,6 +31,7 @@ private:
     bool terminal_;
     bool lineOpen_ = false;
     int done_ = 0;
+    int keptSource_ = 0;  // the output was not enough smaller, and is gone
     int skipped_ = 0;
     int failed_ = 0;
     long long bytesSaved_ = 0;

@@ -22,7 +22,10 @@ compress:
                            average bit rate or constant quantizer
   --target-mb MB           the size to reach (tfs), up to 1000000 MB;
                            1 MB = 1,048,576 bytes
-  --two-pass               two passes, to land within 2% of the target, never over
+  --two-pass               two passes, to land within 2% under the target: the
+                           second runs up to 3 times, an output over is never
+                           kept (none under: the job fails); one pass aims at
+                           the target but can miss it either way
   --crf N                  rate factor, 0 to 51 (default 20)
   --bitrate R --minrate R --maxrate R --bufsize R
                            abr rates up to 2000M (defaults 900k, 1.1M, 2.0M, 1.1M)
@@ -39,6 +42,8 @@ Every command:
   --output-dir DIR   write the outputs there
   --overwrite        replace an existing output (default: skip that input)
   --rename           keep an existing output and write Compressed-<name> (2) and so on
+  --min-saving PCT   remove an output that is not at least PCT% smaller than
+                     its source; the job counts as kept the source (not smaller)
   --json             one JSON object per progress update and per finished job;
                      a number not known (a speed ffmpeg cannot tell) is null, and
                      each byte of a name that is not UTF-8 is kept as \udc80-\udcff

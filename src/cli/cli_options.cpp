@@ -150,6 +150,8 @@ constexpr OptionRow kOptions[] = {
     {"--rename", false,
      [](Options& o, Value) { return assign(o.existing, ExistingOutput::Rename); }},
     {"--json", false, [](Options& o, Value) { return assign(o.json, true); }},
+    {"--min-saving", true,
+     [](Options& o, Value v) { return wholeInto(o.minSavingPercent, v, 0, 99); }},
 };
 
 class Reader {

@@ -42,6 +42,7 @@ struct Options {
     std::vector<std::pair<std::string, std::string>> tags;  // tags: key and value, in order
     std::string outputFolder;                               // empty: beside each source
     ExistingOutput existing = ExistingOutput::Skip;
+    int minSavingPercent = 0;  // an output not this much smaller than its source is not kept
     bool json = false;
     std::vector<std::string> inputs;  // files or folders
 };

@@ -165,6 +165,8 @@ std::string statusName(JobEnd::Status status) {
     switch (status) {
         case JobEnd::Status::Done:
             return "done";
+        case JobEnd::Status::KeptSource:
+            return "kept the source (not smaller)";
         case JobEnd::Status::Skipped:
             return "skipped";
         case JobEnd::Status::Failed:
@@ -180,7 +182,7 @@ std::string jsonEnd(const JobEnd& end) {
                        ",\"source\":" + jsonString(end.source) +
                        ",\"output\":" + jsonString(end.output) +
                        ",\"message\":" + jsonString(end.message);
-    if (end.status == JobEnd::Status::Done) {
+    if (end.status == JobEnd::Status::Done || end.status == JobEnd::Status::KeptSource) {
         json += ",\"source_bytes\":" + std::to_string(end.sourceBytes) +
                 ",\"output_bytes\":" + std::to_string(end.outputBytes);
     }

@@ -35,7 +35,7 @@ std::string jsonUpdate(const JobView& job);
 
 // How a job ended, for the reports and the summary.
 struct JobEnd {
-    enum class Status { Done, Skipped, Failed, Stopped } status = Status::Done;
+    enum class Status { Done, KeptSource, Skipped, Failed, Stopped } status = Status::Done;
     std::string source;  // path
     std::string output;  // path, when one was written or meant
     std::string message;

@@ -29,6 +29,8 @@ TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
         {{"compress", "--method", "tfs", "a.mp4"}, "--method tfs needs --target-mb"},
         {{"compress", "--crf", "52", "a.mp4"},
          "--crf takes a whole number from 0 to 51, not \"52\""},
+        {{"compress", "--min-saving", "100", "a.mp4"},
+         "--min-saving takes a whole number from 0 to 99, not \"100\""},
         {{"compress", "--bitrate", "fast", "a.mp4"},
          "--bitrate takes a rate from 1 to 2000M bit/s, such as 900k or 1.5M, not \"fast\""},
         {{"compress", "a.mp4", "--preset"}, "--preset needs a value"},

@@ -1,5 +1,5 @@
-// A two-pass target size run through the batch with a stand-in encoder whose outputs have chosen
-// sizes: what it keeps, what it says, and what it leaves behind.
+// Jobs run through the batch with a stand-in encoder whose outputs have chosen sizes: what the
+// batch keeps, what it says, and what it leaves behind.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -34,9 +34,11 @@ void setSizesFile(const fs::path& path) {
 #endif
 }
 
-// Compresses a 1 MB target with --two-pass; the second passes write `sizes`, in turn.
-BatchRun twoPassesWriting(const std::string& name, const std::vector<long long>& sizes) {
-    const fs::path folder = fs::path(testing::TempDir()) / ("quillet-two-pass-" + name);
+// Runs `compress` with `options` on a 4 MB source; the encoder's outputs (the second passes', with
+// --two-pass) are `sizes` long, in turn.
+BatchRun compressWriting(const std::string& name, std::vector<std::string> options,
+                         const std::vector<long long>& sizes) {
+    const fs::path folder = fs::path(testing::TempDir()) / ("quillet-stand-in-" + name);
     fs::remove_all(folder);
     fs::create_directories(folder / "out");
     std::ofstream(folder / "clip.mp4", std::ios::binary) << std::string(4 * kMb, 's');
@@ -45,9 +47,11 @@ BatchRun twoPassesWriting(const std::string& name, const std::vector<long long>&
         for (const long long size : sizes) list << size << "\n";
     }
     setSizesFile(folder / "sizes");
-    const Parsed parsed =
-        parseArguments({"compress", "--method", "tfs", "--target-mb", "1", "--two-pass",
-                        "--output-dir", (folder / "out").string(), (folder / "clip.mp4").string()});
+    options.insert(options.begin(), "compress");
+    for (const fs::path& word : {fs::path("--output-dir"), folder / "out", folder / "clip.mp4"}) {
+        options.push_back(word.string());
+    }
+    const Parsed parsed = parseArguments(options);
     EXPECT_TRUE(parsed.options) << parsed.error;
     StopRequests stops;
     std::FILE* out = std::tmpfile();
@@ -58,11 +62,16 @@ BatchRun twoPassesWriting(const std::string& name, const std::vector<long long>&
     for (int c; (c = std::fgetc(out)) != EOF;) said += static_cast<char>(c);
     std::fclose(out);
     BatchRun run{status, said, {}};
+    EXPECT_TRUE(fs::exists(folder / "clip.mp4"));
     for (const auto& entry : fs::directory_iterator(folder / "out")) {
         run.filesLeft.push_back(entry.path().filename().string() + " " +
                                 std::to_string(entry.file_size()));
     }
     return run;
+}
+
+BatchRun twoPassesWriting(const std::string& name, const std::vector<long long>& sizes) {
+    return compressWriting(name, {"--method", "tfs", "--target-mb", "1", "--two-pass"}, sizes);
 }
 
 TEST(TwoPassTarget, KeepsTheBestAttemptUnderTheTargetAndSaysHowFarItMissed) {
@@ -91,6 +100,26 @@ TEST(TwoPassTarget, FailsAndLeavesNothingWhenEveryAttemptIsOver) {
     EXPECT_NE(run.said.find("no attempt came within the target after 3 encodes"), std::string::npos)
         << run.said;
     EXPECT_TRUE(run.filesLeft.empty()) << run.filesLeft.front();
+}
+
+TEST(MinimumSaving, AnOutputNotSmallEnoughGoesAndTheSummaryCountsTheSourceKept) {
+    const BatchRun kept = compressWriting("not-smaller", {"--min-saving", "10"}, {37 * kMb / 10});
+    EXPECT_EQ(kept.status, kAllDone) << kept.said;
+    EXPECT_TRUE(kept.filesLeft.empty()) << kept.filesLeft.front();
+    EXPECT_NE(kept.said.find("kept the source (not smaller): "), std::string::npos) << kept.said;
+    EXPECT_NE(kept.said.find("was only 7.5% smaller, and is removed"), std::string::npos)
+        << kept.said;
+    EXPECT_NE(kept.said.find("0 done, 1 kept the source (not smaller), 0 skipped, 0 failed"),
+              std::string::npos)
+        << kept.said;
+
+    const BatchRun larger = compressWriting("larger", {"--min-saving", "0"}, {5 * kMb});
+    EXPECT_EQ(larger.filesLeft.size(), 1u) << "no minimum asked: every output stays";
+
+    const BatchRun smaller = compressWriting("smaller", {"--min-saving", "10"}, {36 * kMb / 10});
+    EXPECT_EQ(smaller.filesLeft,
+              std::vector<std::string>{"Compressed-clip.mp4 " + std::to_string(36 * kMb / 10)});
+    EXPECT_NE(smaller.said.find("1 done, 0 skipped"), std::string::npos) << smaller.said;
 }
 
 }  // namespace
