@@ -1,5 +1,6 @@
 #include "cli/batch.h"
 
+#include <chrono>
 #include <cmath>
 #include <random>
 #include <system_error>
@@ -40,6 +41,17 @@ public:
         : options_(options), tools_(tools), stops_(stops), report_(report) {}
 
     JobEnd run(const fs::path& source) {
+        const auto started = std::chrono::steady_clock::now();
+        encodes_ = 0;
+        JobEnd end = probedAndEncoded(source);
+        end.encodes = encodes_;
+        end.seconds =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+        return end;
+    }
+
+private:
+    JobEnd probedAndEncoded(const fs::path& source) {
         JobEnd end;
         end.source = utf8Of(source);
         end.sourceBytes = fileSize(source);
@@ -62,7 +74,14 @@ public:
         return encode(end, source, plan.output, facts);
     }
 
-private:
+    // An encoder run of the job, counted: each pass and each correction is one.
+    RunOutcome runEncoder(const std::string& ffmpeg, std::vector<std::string> arguments,
+                          const fs::path& folder, const ProgressHandler& show) {
+        ++encodes_;
+        return runTool(ProgramCall{ffmpeg, std::move(arguments)},
+                       folder.empty() ? "" : utf8Of(folder), stops_, show);
+    }
+
     // The video rate that leaves room for `audioBits` within the target size.
     TargetRate videoRateBeside(double audioBits, const SourceFacts& facts) const {
         return targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
@@ -93,8 +112,7 @@ private:
         const RunOutcome outcome =
             targetSize && options_.compress.twoPass
                 ? twoPasses(files, videoRate, facts, show, searchNote)
-                : runTool(ProgramCall{files.ffmpeg, jobArguments(options_, files, videoRate)}, {},
-                          stops_, show);
+                : runEncoder(files.ffmpeg, jobArguments(options_, files, videoRate), {}, show);
         ended(end, outcome, partial, output);
         if (end.status == JobEnd::Status::Done) end.message = searchNote;
         return end;
@@ -149,9 +167,8 @@ private:
                                 ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
         fs::create_directories(folder, error);
         const bool audio = facts.hasAudio;
-        RunOutcome outcome = runTool(
-            ProgramCall{files.ffmpeg, firstPassArguments(options_, files, firstRate, audio)},
-            utf8Of(folder), stops_, show);
+        RunOutcome outcome = runEncoder(
+            files.ffmpeg, firstPassArguments(options_, files, firstRate, audio), folder, show);
         if (outcome.succeeded() && !stops_.requested()) {
             const double audioBits = audio ? fileSize(folder / kPassAudio) * 8.0 : 0;
             const TargetRate rate = videoRateBeside(audioBits, facts);
@@ -181,9 +198,8 @@ private:
         std::error_code error;
         RunOutcome outcome;
         for (;;) {
-            outcome = runTool(
-                ProgramCall{files.ffmpeg, secondPassArguments(options_, files, rate, audio)},
-                utf8Of(folder), stops_, show);
+            outcome = runEncoder(files.ffmpeg, secondPassArguments(options_, files, rate, audio),
+                                 folder, show);
             if (!outcome.succeeded() || stops_.requested()) break;
             const auto bestBefore = search.bestUnder();
             search.record(rate, static_cast<double>(fileSize(output)));
@@ -215,16 +231,14 @@ private:
 
     // What a two-pass target size came to, unless it landed where it aims.
     static std::string targetNote(const TargetSearch& search) {
-        const std::string encodes = " after " + std::to_string(search.encodes()) + " encodes";
+        const std::string tries = std::to_string(search.encodes()) + " tries at the second pass";
         const auto best = search.bestUnder();
-        if (!best) {
-            return "no attempt came within the target" + encodes + "; nothing is kept";
-        }
+        if (!best) return "none of " + tries + " came within the target; nothing is kept";
         if (search.landed()) return {};
         const double under = 100 * (1 - best->bytes / search.targetBytes());
-        return "kept the best attempt, " +
+        return "kept the best of " + tries + ", " +
                formatNumber(under, kOneDecimalPattern, FormatLocale{}).value_or("?") +
-               "% under the target" + encodes;
+               "% under the target";
     }
 
     JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {
@@ -247,6 +261,7 @@ private:
     const Tools& tools_;
     StopRequests& stops_;
     BatchReport& report_;
+    int encodes_ = 0;  // of the job under way
 };
 
 }  // namespace

@@ -184,7 +184,9 @@ std::string jsonEnd(const JobEnd& end) {
                        ",\"message\":" + jsonString(end.message);
     if (end.status == JobEnd::Status::Done || end.status == JobEnd::Status::KeptSource) {
         json += ",\"source_bytes\":" + std::to_string(end.sourceBytes) +
-                ",\"output_bytes\":" + std::to_string(end.outputBytes);
+                ",\"output_bytes\":" + std::to_string(end.outputBytes) +
+                ",\"encodes\":" + std::to_string(end.encodes) +
+                ",\"seconds\":" + jsonNumber(end.seconds, 1);
     }
     return json + "}";
 }
@@ -193,7 +195,8 @@ std::string plainEnd(const JobEnd& end) {
     std::string line = statusName(end.status) + ": " + end.source;
     if (end.status == JobEnd::Status::Done && !end.output.empty()) {
         line += " -> " + end.output + " (" + megabytesText(end.sourceBytes) + " -> " +
-                megabytesText(end.outputBytes) + ")";
+                megabytesText(end.outputBytes) + ", " + std::to_string(end.encodes) +
+                (end.encodes == 1 ? " encode, " : " encodes, ") + clockText(end.seconds) + ")";
     }
     if (!end.message.empty()) line += ": " + end.message;
     return line;

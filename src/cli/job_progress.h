@@ -41,6 +41,8 @@ struct JobEnd {
     std::string message;
     long long sourceBytes = 0;
     long long outputBytes = 0;
+    int encodes = 0;     // encoder runs: each pass and each correction
+    double seconds = 0;  // the whole job, probe included
 };
 
 std::string statusName(JobEnd::Status status);
