@@ -195,7 +195,7 @@ private:
         const fs::path output = pathFromUtf8(files.output);
         fs::path best = output;
         best += pathFromUtf8(".best");
-        std::error_code error;
+        bool setAside = true;  // the best attempt so far is where it belongs
         RunOutcome outcome;
         for (;;) {
             outcome = runEncoder(files.ffmpeg, secondPassArguments(options_, files, rate, audio),
@@ -205,27 +205,26 @@ private:
             search.record(rate, static_cast<double>(fileSize(output)));
             const auto bestNow = search.bestUnder();
             if (bestNow && (!bestBefore || bestNow->bytes > bestBefore->bytes)) {
-                fs::rename(output, best, error);
+                setAside = finishOutput(output, best);
             }
-            if (error || search.finished()) break;
+            if (!setAside || search.finished()) break;
             rate = search.nextRate();
         }
-        if (outcome.succeeded() && !stops_.requested() && !error) {
+        if (outcome.succeeded() && !stops_.requested() && setAside) {
             if (search.bestUnder()) {
-                // Not every system renames onto an existing file.
-                fs::remove(output, error);
-                fs::rename(best, output, error);
+                setAside = finishOutput(best, output);
                 searchNote = targetNote(search);
             } else {
                 outcome.exitCode = -1;
                 outcome.lastLines = {targetNote(search)};
             }
         }
-        if (error) {
+        if (!setAside) {
             outcome.exitCode = -1;
-            outcome.lastLines = {"an attempt cannot be set aside: " + error.message()};
+            outcome.lastLines = {"the best attempt cannot be set aside beside the output"};
         }
-        fs::remove(best, error);
+        std::error_code ignored;
+        fs::remove(best, ignored);
         return outcome;
     }
 

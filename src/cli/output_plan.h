@@ -32,7 +32,7 @@ OutputPlan planOutput(const std::filesystem::path& source, const std::string& ou
 // only by a finished job, and a job that fails or is stopped leaves neither.
 std::filesystem::path partialOutput(const std::filesystem::path& output);
 
-// Puts the finished partial output in the output's place; false when the system refuses.
+// Puts `partial` in `output`'s place, replacing what is there; false when the system refuses.
 bool finishOutput(const std::filesystem::path& partial, const std::filesystem::path& output);
 
 }  // namespace quillet::cli
