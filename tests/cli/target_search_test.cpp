@@ -84,15 +84,5 @@ TEST(TargetSearch, AnAttemptOverTheTargetIsNeverTheBestAndLandingEndsTheSearch) 
     EXPECT_EQ(search.bestUnder()->rate, between);
 }
 
-TEST(TargetSearch, EveryAttemptOverLeavesNothingToKeep) {
-    TargetSearch search(kTarget, kAudio, kEncodesAllowed);
-    for (const double share : {1.5, 1.2, 1.1}) {
-        ASSERT_FALSE(search.finished());
-        search.record(search.encodes() == 0 ? 2'000'000 : search.nextRate(), kTarget * share);
-    }
-    EXPECT_TRUE(search.finished());
-    EXPECT_FALSE(search.bestUnder());
-}
-
 }  // namespace
 }  // namespace quillet::cli
