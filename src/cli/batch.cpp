@@ -23,6 +23,11 @@ namespace {
 // How many times the second pass of a two-pass target size may run, the first included.
 constexpr int kSecondPassesAllowed = 3;
 
+// A share in percent as the companion's messages give it: "7.5".
+std::string percentText(double percent) {
+    return formatNumber(percent, kOneDecimalPattern, FormatLocale{}).value_or("?");
+}
+
 long long fileSize(const fs::path& path) {
     std::error_code error;
     const auto size = fs::file_size(path, error);
@@ -65,8 +70,9 @@ private:
         }
         const OutputPlan plan = planOutput(source, options_.outputFolder, options_.existing);
         end.output = utf8Of(plan.output);
-        if (plan.action == OutputPlan::Action::Skip)
+        if (plan.action == OutputPlan::Action::Skip) {
             return endedAs(end, JobEnd::Status::Skipped, plan.reason);
+        }
         if (plan.action == OutputPlan::Action::Refuse) return failed(end, plan.reason);
         std::error_code error;
         fs::create_directories(plan.output.parent_path(), error);
@@ -148,12 +154,10 @@ private:
             end.sourceBytes > 0 ? 100 * (1 - static_cast<double>(end.outputBytes) / end.sourceBytes)
                                 : 0;
         end.status = JobEnd::Status::KeptSource;
-        end.message =
-            "the output, " + megabytesText(static_cast<double>(end.outputBytes)) + ", " +
-            (saved > 0 ? "was only " + formatNumber(saved, kOneDecimalPattern, {}).value_or("?") +
-                             "% smaller"
-                       : std::string("was not smaller")) +
-            ", and is removed";
+        end.message = "the output, " + megabytesText(static_cast<double>(end.outputBytes)) + ", " +
+                      (saved > 0 ? "was only " + percentText(saved) + "% smaller"
+                                 : std::string("was not smaller")) +
+                      ", and is removed";
         return end;
     }
 
@@ -201,10 +205,7 @@ private:
             outcome = runEncoder(files.ffmpeg, secondPassArguments(options_, files, rate, audio),
                                  folder, show);
             if (!outcome.succeeded() || stops_.requested()) break;
-            const auto bestBefore = search.bestUnder();
-            search.record(rate, static_cast<double>(fileSize(output)));
-            const auto bestNow = search.bestUnder();
-            if (bestNow && (!bestBefore || bestNow->bytes > bestBefore->bytes)) {
+            if (search.record(rate, static_cast<double>(fileSize(output)))) {
                 setAside = finishOutput(output, best);
             }
             if (!setAside || search.finished()) break;
@@ -235,9 +236,7 @@ private:
         if (!best) return "none of " + tries + " came within the target; nothing is kept";
         if (search.landed()) return {};
         const double under = 100 * (1 - best->bytes / search.targetBytes());
-        return "kept the best of " + tries + ", " +
-               formatNumber(under, kOneDecimalPattern, FormatLocale{}).value_or("?") +
-               "% under the target";
+        return "kept the best of " + tries + ", " + percentText(under) + "% under the target";
     }
 
     JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {

@@ -17,8 +17,10 @@ constexpr double kSteepestPower = 3.0;
 TargetSearch::TargetSearch(double targetBytes, double audioBytes, int encodesAllowed)
     : target_(targetBytes), audio_(audioBytes), encodesAllowed_(encodesAllowed) {}
 
-void TargetSearch::record(long long rate, double bytes) {
+bool TargetSearch::record(long long rate, double bytes) {
+    const auto bestBefore = bestUnder();
     attempts_.push_back({rate, bytes});
+    return bytes <= target_ && (!bestBefore || bytes > bestBefore->bytes);
 }
 
 std::optional<TargetSearch::Attempt> TargetSearch::bestUnder() const {

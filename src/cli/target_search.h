@@ -23,7 +23,8 @@ public:
     // `audioBytes` is the part of every output that the video rate does not change.
     TargetSearch(double targetBytes, double audioBytes, int encodesAllowed);
 
-    void record(long long rate, double bytes);
+    // Notes an attempt; true when it is the new best not over the target.
+    bool record(long long rate, double bytes);
     // Landed within the window, out of encodes, or out of rates to try between two attempts.
     bool finished() const;
     // The rate of the next attempt; only while not finished.
