@@ -60,7 +60,7 @@ for clip in "${clips[@]}"; do
             line+=("$error" "$(field encodes "$end")" "$(field seconds "$end")")
         done
         # What two passes cost in encodes of the picture: their time over one pass's.
-        cost=$(awk -v a="${line[2]}" -v b="${line[5]}" 'BEGIN { printf "%.2f", a > 0 ? b / a : 0 }')
+        cost=$(awk -v a="${line[2]}" -v b="${line[5]}" 'BEGIN { printf "%.2f", (a > 0 ? b / a : 0) }')
         printf "%-10s %5s%% %9s | %9s %5s %7s | %9s %5s %7s %6s\n" "$clip" "$share" "$mb" \
             "${line[@]}" "$cost" | tee -a "$rows"
     done

@@ -2,16 +2,16 @@
 
 #include <chrono>
 #include <cmath>
-#include <random>
 #include <system_error>
 
-#include "base/text_format.h"
 #include "cli/batch_report.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
 #include "cli/output_plan.h"
+#include "cli/sample_encoder.h"
 #include "cli/source_facts.h"
 #include "cli/target_search.h"
+#include "cli/two_pass_encode.h"
 #include "tools/utf8_paths.h"
 
 namespace quillet::cli {
@@ -20,18 +20,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// How many times the second pass of a two-pass target size may run, the first included.
-constexpr int kSecondPassesAllowed = 3;
+using Clock = std::chrono::steady_clock;
 
-// A share in percent as the companion's messages give it: "7.5".
-std::string percentText(double percent) {
-    return formatNumber(percent, kOneDecimalPattern, FormatLocale{}).value_or("?");
-}
+// Two passes cost about one and a half encodes: a first pass at the fastest preset, then the
+// second.
+constexpr double kTwoPassWork = 1.5;
 
 long long fileSize(const fs::path& path) {
     std::error_code error;
     const auto size = fs::file_size(path, error);
     return error ? 0 : static_cast<long long>(size);
+}
+
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
 std::string lastLinesOf(const RunOutcome& outcome) {
@@ -46,12 +48,11 @@ public:
         : options_(options), tools_(tools), stops_(stops), report_(report) {}
 
     JobEnd run(const fs::path& source) {
-        const auto started = std::chrono::steady_clock::now();
+        const auto started = Clock::now();
         encodes_ = 0;
         JobEnd end = probedAndEncoded(source);
         end.encodes = encodes_;
-        end.seconds =
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+        end.seconds = secondsSince(started);
         return end;
     }
 
@@ -68,6 +69,14 @@ private:
         if (!probe.succeeded() || !facts.hasVideo) {
             return failed(end, "not a video ffprobe can read:" + lastLinesOf(probe));
         }
+        long long videoRate = 0;
+        if (targetSize()) {
+            if (!facts.seconds) return failed(end, "the running time is unknown");
+            const TargetRate rate = videoRateBeside(facts);
+            if (!rate.refusal.empty()) return failed(end, rate.refusal);
+            videoRate = rate.videoBitsPerSecond;
+        }
+        if (options_.command == Command::Estimate) return estimated(end, facts, videoRate);
         const OutputPlan plan = planOutput(source, options_.outputFolder, options_.existing);
         end.output = utf8Of(plan.output);
         if (plan.action == OutputPlan::Action::Skip) {
@@ -77,50 +86,99 @@ private:
         std::error_code error;
         fs::create_directories(plan.output.parent_path(), error);
         if (error) return failed(end, "the output folder cannot be made: " + error.message());
-        return encode(end, source, plan.output, facts);
+        return encode(end, source, plan.output, facts, videoRate);
+    }
+
+    bool targetSize() const {
+        return (options_.command == Command::Compress || options_.command == Command::Estimate) &&
+               options_.compress.method == Method::TargetSize;
+    }
+    bool twoPass() const { return targetSize() && options_.compress.twoPass; }
+
+    // The video rate that leaves room for the audio's nominal size within the target size.
+    TargetRate videoRateBeside(const SourceFacts& facts) const {
+        return targetRate(*options_.compress.targetMb, *facts.seconds,
+                          facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0);
+    }
+
+    // The source's cost along its length, from samples encoded as the job will encode it.
+    ComplexityProfile sampledProfile(const JobEnd& end, const SourceFacts& facts,
+                                     long long videoRate) {
+        if (!facts.seconds) return {};
+        const double audioBytesPerSecond = facts.hasAudio ? options_.audioKbps * 1000.0 / 8 : 0;
+        return profileFromSamples(encodeSamples(options_, utf8Of(tools_.ffmpeg), end.source,
+                                                *facts.seconds, videoRate, stops_),
+                                  *facts.seconds, audioBytesPerSecond);
+    }
+
+    // What a job would come to, from its samples; nothing is written.
+    JobEnd estimated(JobEnd& end, const SourceFacts& facts, long long videoRate) {
+        const ComplexityProfile profile = sampledProfile(end, facts, videoRate);
+        if (stops_.requested()) return endedAs(end, JobEnd::Status::Stopped, "stopped");
+        if (profile.empty()) return failed(end, "ffmpeg could not encode a sample of it");
+        const double seconds = profile.seconds();
+        end.predictedBytes =
+            twoPass() ? *options_.compress.targetMb * kBytesPerMb * TargetSearch::kAimedShare
+                      : profile.bytesBetween(0, seconds);
+        const double work = profile.workBetween(0, seconds) * (twoPass() ? kTwoPassWork : 1);
+        if (work > 0) end.predictedSeconds = work;
+        end.message = "about " + megabytesText(*end.predictedBytes) +
+                      (end.predictedSeconds ? ", about " + clockText(work) + " to encode" : "");
+        return end;
     }
 
     // An encoder run of the job, counted: each pass and each correction is one.
-    RunOutcome runEncoder(const std::string& ffmpeg, std::vector<std::string> arguments,
-                          const fs::path& folder, const ProgressHandler& show) {
+    RunOutcome runEncoder(std::vector<std::string> arguments, const fs::path& folder,
+                          const ProgressHandler& show) {
         ++encodes_;
-        return runTool(ProgramCall{ffmpeg, std::move(arguments)},
+        return runTool(ProgramCall{utf8Of(tools_.ffmpeg), std::move(arguments)},
                        folder.empty() ? "" : utf8Of(folder), stops_, show);
     }
 
-    // The video rate that leaves room for `audioBits` within the target size.
-    TargetRate videoRateBeside(double audioBits, const SourceFacts& facts) const {
-        return targetRate(*options_.compress.targetMb, *facts.seconds, audioBits);
-    }
-
     // Runs ffmpeg into a partial output beside `output`, which takes its name only when the job
-    // is done.
+    // is done. One pass first encodes samples, so that what it shows of the time left and of
+    // the final size follows the source's content.
     JobEnd encode(JobEnd& end, const fs::path& source, const fs::path& output,
-                  const SourceFacts& facts) {
-        long long videoRate = 0;
-        const bool targetSize =
-            options_.command == Command::Compress && options_.compress.method == Method::TargetSize;
-        if (targetSize) {
-            if (!facts.seconds) return failed(end, "the running time is unknown");
-            const TargetRate rate = videoRateBeside(
-                facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0, facts);
-            if (!rate.refusal.empty()) return failed(end, rate.refusal);
-            videoRate = rate.videoBitsPerSecond;
-        }
+                  const SourceFacts& facts, long long videoRate) {
         const fs::path partial = partialOutput(output);
         const JobFiles files{utf8Of(tools_.ffmpeg), end.source, utf8Of(partial)};
         JobView view{utf8Of(source.filename()), facts.seconds, {}};
-        const ProgressHandler show = [&](const Progress& progress) {
-            view.progress = progress;
-            report_.progress(view);
+        if (twoPass()) view.aimedBytes = *options_.compress.targetMb * kBytesPerMb;
+        auto started = Clock::now();
+        const auto show = [&](const ProgressHandler& watch) {
+            return [&, watch](const Progress& progress) {
+                view.progress = progress;
+                view.elapsedSeconds = secondsSince(started);
+                report_.progress(view);
+                if (watch) watch(progress);
+            };
         };
-        std::string searchNote;
-        const RunOutcome outcome =
-            targetSize && options_.compress.twoPass
-                ? twoPasses(files, videoRate, facts, show, searchNote)
-                : runEncoder(files.ffmpeg, jobArguments(options_, files, videoRate), {}, show);
+        std::string note;
+        RunOutcome outcome;
+        if (twoPass()) {
+            const TwoPassJob job{options_,
+                                 files,
+                                 facts,
+                                 stops_,
+                                 [&](std::vector<std::string> arguments, const fs::path& folder,
+                                     const ProgressHandler& watch) {
+                                     return runEncoder(std::move(arguments), folder, show(watch));
+                                 },
+                                 [&](double aim, const ComplexityProfile& pace) {
+                                     view.aimedBytes = aim;
+                                     view.profile = pace;
+                                     started = Clock::now();
+                                 }};
+            outcome = twoPassEncode(job, videoRate, note);
+        } else {
+            view.profile = sampledProfile(end, facts, videoRate);
+            started = Clock::now();
+            if (!stops_.requested()) {
+                outcome = runEncoder(jobArguments(options_, files, videoRate), {}, show({}));
+            }
+        }
         ended(end, outcome, partial, output);
-        if (end.status == JobEnd::Status::Done) end.message = searchNote;
+        if (end.status == JobEnd::Status::Done) end.message = note;
         return end;
     }
 
@@ -159,84 +217,6 @@ private:
                                  : std::string("was not smaller")) +
                       ", and is removed";
         return end;
-    }
-
-    // The first pass at the rate the audio's nominal size leaves, the second at the rate its
-    // measured size leaves. The statistics and the audio live in a folder of their own, gone
-    // afterwards.
-    RunOutcome twoPasses(const JobFiles& files, long long firstRate, const SourceFacts& facts,
-                         const ProgressHandler& show, std::string& searchNote) {
-        std::error_code error;
-        const fs::path folder = fs::temp_directory_path(error) /
-                                ("quillet-cli-passes-" + std::to_string(std::random_device{}()));
-        fs::create_directories(folder, error);
-        const bool audio = facts.hasAudio;
-        RunOutcome outcome = runEncoder(
-            files.ffmpeg, firstPassArguments(options_, files, firstRate, audio), folder, show);
-        if (outcome.succeeded() && !stops_.requested()) {
-            const double audioBits = audio ? fileSize(folder / kPassAudio) * 8.0 : 0;
-            const TargetRate rate = videoRateBeside(audioBits, facts);
-            if (rate.refusal.empty()) {
-                outcome = secondPasses(files, rate.videoBitsPerSecond, audio, audioBits, folder,
-                                       show, searchNote);
-            } else {
-                outcome.exitCode = -1;
-                outcome.lastLines = {rate.refusal};
-            }
-        }
-        fs::remove_all(folder, error);
-        return outcome;
-    }
-
-    // The second pass, run again on the same statistics at the rates the search asks. The best
-    // attempt not over the target is set aside beside the output, so that a later attempt cannot
-    // overwrite it; an attempt over the target is never kept, and with none under, the job fails.
-    RunOutcome secondPasses(const JobFiles& files, long long rate, bool audio, double audioBits,
-                            const fs::path& folder, const ProgressHandler& show,
-                            std::string& searchNote) {
-        TargetSearch search(*options_.compress.targetMb * kBytesPerMb, audioBits / 8,
-                            kSecondPassesAllowed);
-        const fs::path output = pathFromUtf8(files.output);
-        fs::path best = output;
-        best += pathFromUtf8(".best");
-        bool setAside = true;  // the best attempt so far is where it belongs
-        RunOutcome outcome;
-        for (;;) {
-            outcome = runEncoder(files.ffmpeg, secondPassArguments(options_, files, rate, audio),
-                                 folder, show);
-            if (!outcome.succeeded() || stops_.requested()) break;
-            if (search.record(rate, static_cast<double>(fileSize(output)))) {
-                setAside = finishOutput(output, best);
-            }
-            if (!setAside || search.finished()) break;
-            rate = search.nextRate();
-        }
-        if (outcome.succeeded() && !stops_.requested() && setAside) {
-            if (search.bestUnder()) {
-                setAside = finishOutput(best, output);
-                searchNote = targetNote(search);
-            } else {
-                outcome.exitCode = -1;
-                outcome.lastLines = {targetNote(search)};
-            }
-        }
-        if (!setAside) {
-            outcome.exitCode = -1;
-            outcome.lastLines = {"the best attempt cannot be set aside beside the output"};
-        }
-        std::error_code ignored;
-        fs::remove(best, ignored);
-        return outcome;
-    }
-
-    // What a two-pass target size came to, unless it landed where it aims.
-    static std::string targetNote(const TargetSearch& search) {
-        const std::string tries = std::to_string(search.encodes()) + " tries at the second pass";
-        const auto best = search.bestUnder();
-        if (!best) return "none of " + tries + " came within the target; nothing is kept";
-        if (search.landed()) return {};
-        const double under = 100 * (1 - best->bytes / search.targetBytes());
-        return "kept the best of " + tries + ", " + percentText(under) + "% under the target";
     }
 
     JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {

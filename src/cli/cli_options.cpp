@@ -13,6 +13,7 @@ namespace {
 const std::map<std::string, Command, std::less<>> kCommands = {
     {"compress", Command::Compress}, {"mp3", Command::Mp3},   {"scale", Command::Scale},
     {"fps", Command::Fps},           {"tags", Command::Tags}, {"probe", Command::Probe},
+    {"estimate", Command::Estimate},
 };
 
 const std::map<std::string, Method, std::less<>> kMethods = {
@@ -179,7 +180,7 @@ public:
             }
         }
         if (options_.inputs.empty()) return fail("no input given");
-        if (options_.command == Command::Compress &&
+        if ((options_.command == Command::Compress || options_.command == Command::Estimate) &&
             options_.compress.method == Method::TargetSize && !options_.compress.targetMb) {
             return fail("--method tfs needs --target-mb");
         }

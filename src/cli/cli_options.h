@@ -10,7 +10,7 @@
 namespace quillet::cli {
 
 // What the companion is asked to do: one job per input, of one kind.
-enum class Command { Compress, Mp3, Scale, Fps, Tags, Probe };
+enum class Command { Compress, Estimate, Mp3, Scale, Fps, Tags, Probe };
 enum class Method { TargetSize, Crf, Abr, Qp };
 // What happens when the output of a job exists already.
 enum class ExistingOutput { Skip, Overwrite, Rename };

@@ -1,5 +1,6 @@
 #include "cli/job_arguments.h"
 
+#include <cstdio>
 #include <initializer_list>
 #include <string_view>
 
@@ -11,6 +12,13 @@ using Words = std::vector<std::string>;
 
 void add(Words& words, std::initializer_list<std::string> more) {
     words.insert(words.end(), more);
+}
+
+// Seconds as ffmpeg reads a time, to the millisecond.
+std::string fixedSeconds(double seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3f", seconds);
+    return text;
 }
 
 std::string kbps(int value) {
@@ -94,7 +102,7 @@ void crfVideo(Words& words, const Options& options) {
                 options.preset});
 }
 
-void compressOptions(Words& words, const Options& options, long long videoBitsPerSecond) {
+void compressVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
     const CompressSettings& compress = options.compress;
     switch (compress.method) {
         case Method::TargetSize:
@@ -115,7 +123,6 @@ void compressOptions(Words& words, const Options& options, long long videoBitsPe
                         "-preset", options.preset});
             break;
     }
-    aacAudio(words, options);
 }
 
 }  // namespace
@@ -124,7 +131,9 @@ Words jobArguments(const Options& options, const JobFiles& files, long long vide
     Words words = runHead(files);
     switch (options.command) {
         case Command::Compress:
-            compressOptions(words, options, videoBitsPerSecond);
+        case Command::Estimate:
+            compressVideo(words, options, videoBitsPerSecond);
+            aacAudio(words, options);
             break;
         case Command::Mp3:
             crfVideo(words, options);
@@ -176,6 +185,21 @@ Words secondPassArguments(const Options& options, const JobFiles& files,
     add(words, {"-x265-params", passStatistics(2)});
     if (withAudio) add(words, {"-c:a", "copy"});
     output(words, files);
+    return words;
+}
+
+Words sampleArguments(const Options& options, const JobFiles& files, double start, double length,
+                      long long videoBitsPerSecond) {
+    // Seeking before the input decodes only from the key picture before the sample; progress
+    // comes often, as a sample lasts a few seconds.
+    Words words = {files.ffmpeg, "-hide_banner",  "-v",  "warning", "-nostats",         "-progress",
+                   "pipe:1",     "-stats_period", "0.1", "-ss",     fixedSeconds(start)};
+    // A length of 0: a single picture.
+    if (length > 0) add(words, {"-t", fixedSeconds(length)});
+    add(words, {"-i", files.source, "-map", "0:v:0"});
+    if (length <= 0) add(words, {"-frames:v", "1"});
+    compressVideo(words, options, videoBitsPerSecond);
+    add(words, {"-an", "-f", "hevc", "-y", files.output});
     return words;
 }
 

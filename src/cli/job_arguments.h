@@ -35,6 +35,12 @@ std::vector<std::string> firstPassArguments(const Options& options, const JobFil
 std::vector<std::string> secondPassArguments(const Options& options, const JobFiles& files,
                                              long long videoBitsPerSecond, bool withAudio);
 
+// One sample of a forecast: `length` seconds of the picture from `start` (a single picture when
+// 0), encoded as the job would, into a bare stream (no container, no sound) that is measured and thrown away.
+std::vector<std::string> sampleArguments(const Options& options, const JobFiles& files,
+                                         double start, double length,
+                                         long long videoBitsPerSecond = 0);
+
 // The ffprobe arguments that ask for the running time, the picture size and the streams, one
 // key=value a line.
 std::vector<std::string> probeArguments(const std::string& ffprobe, const std::string& source);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/text_format.h"
 #include "tools/exact_number.h"
 
 namespace quillet::cli {
@@ -99,12 +100,32 @@ std::string megabytesText(double bytes, int decimals) {
     return text + " MB";
 }
 
+std::string percentText(double percent) {
+    return formatNumber(percent, kOneDecimalPattern, FormatLocale{}).value_or("?");
+}
+
 std::string clockText(double seconds) {
     const auto whole = static_cast<long long>(std::max(0.0, std::floor(seconds)));
     char text[32];
     std::snprintf(text, sizeof text, "%lld:%02lld:%02lld", whole / 3600, whole / 60 % 60,
                   whole % 60);
     return text;
+}
+
+std::optional<Projection> projectionOf(const JobView& job) {
+    const Progress& progress = job.progress;
+    const std::optional<double> share = shareDone(job);
+    if (!share || *share <= 0) return std::nullopt;
+    std::optional<Projection> projection;
+    if (!job.profile.empty()) {
+        projection = project(job.profile, progress.encodedSeconds,
+                             static_cast<double>(progress.bytesWritten), job.elapsedSeconds);
+    } else if (progress.speed && *progress.speed > 0) {
+        projection = Projection{progress.bytesWritten / *share,
+                                (*job.runningSeconds - progress.encodedSeconds) / *progress.speed};
+    }
+    if (projection && job.aimedBytes) projection->finalBytes = *job.aimedBytes;
+    return projection;
 }
 
 std::string terminalLine(const JobView& job) {
@@ -115,10 +136,9 @@ std::string terminalLine(const JobView& job) {
     line += "  " + clockText(progress.encodedSeconds);
     if (progress.speed) line += "  " + fixed(*progress.speed, 2) + "x";
     line += "  " + megabytesText(progress.bytesWritten);
-    if (share && *share > 0 && progress.speed && *progress.speed > 0) {
-        const double left = (*job.runningSeconds - progress.encodedSeconds) / *progress.speed;
-        line += "  left " + clockText(left);
-        line += "  about " + megabytesText(progress.bytesWritten / *share);
+    if (const auto projection = projectionOf(job)) {
+        line += "  left " + clockText(projection->secondsLeft);
+        line += "  about " + megabytesText(projection->finalBytes);
     }
     return line;
 }
@@ -158,7 +178,12 @@ std::string jsonUpdate(const JobView& job) {
                        ",\"encoded_seconds\":" + jsonNumber(progress.encodedSeconds, 3) +
                        ",\"bytes_written\":" + std::to_string(progress.bytesWritten);
     if (const auto share = shareDone(job)) json += ",\"percent\":" + jsonNumber(*share * 100, 2);
-    return json + ",\"speed\":" + jsonNumber(progress.speed, 3) + "}";
+    json += ",\"speed\":" + jsonNumber(progress.speed, 3);
+    if (const auto projection = projectionOf(job)) {
+        json += ",\"seconds_left\":" + jsonNumber(projection->secondsLeft, 1) +
+                ",\"projected_bytes\":" + jsonNumber(projection->finalBytes, 0);
+    }
+    return json + "}";
 }
 
 std::string statusName(JobEnd::Status status) {
@@ -187,6 +212,10 @@ std::string jsonEnd(const JobEnd& end) {
                 ",\"output_bytes\":" + std::to_string(end.outputBytes) +
                 ",\"encodes\":" + std::to_string(end.encodes) +
                 ",\"seconds\":" + jsonNumber(end.seconds, 1);
+    }
+    if (end.predictedBytes) json += ",\"predicted_bytes\":" + jsonNumber(end.predictedBytes, 0);
+    if (end.predictedSeconds) {
+        json += ",\"predicted_seconds\":" + jsonNumber(end.predictedSeconds, 1);
     }
     return json + "}";
 }

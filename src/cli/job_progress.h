@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "cli/forecast.h"
+
 namespace quillet::cli {
 
 // What ffmpeg's progress lines (-progress, one key=value a line) have said so far.
@@ -23,14 +25,24 @@ struct JobView {
     std::string name;                      // the source's file name
     std::optional<double> runningSeconds;  // the source's, when known
     Progress progress;
+    ComplexityProfile profile{};  // the source's cost along its length, when it was measured
+    double elapsedSeconds = 0;    // since the encoder started
+    // Two passes: the size the second pass aims at, which its rate control reaches to within a
+    // few percent whatever the share done, so it stands for the final size.
+    std::optional<double> aimedBytes{};
 };
+
+// Where the job will end: from the profile scaled to what is done, when there is one, otherwise
+// from the rate so far and ffmpeg's speed; unknown before anything is done.
+std::optional<Projection> projectionOf(const JobView& job);
 
 // The terminal's line for a running job: percentage, encoded time, speed, size written, time left
 // and the projected final size, each when it can be known.
 std::string terminalLine(const JobView& job);
 
 // One JSON object (one line) per progress update; its speed is null while ffmpeg gives no finite
-// one ("N/A" at the start, "nan" or "inf" after a time of zero).
+// one ("N/A" at the start, "nan" or "inf" after a time of zero), and "seconds_left" and
+// "projected_bytes" come when they can be known.
 std::string jsonUpdate(const JobView& job);
 
 // How a job ended, for the reports and the summary.
@@ -43,6 +55,9 @@ struct JobEnd {
     long long outputBytes = 0;
     int encodes = 0;     // encoder runs: each pass and each correction
     double seconds = 0;  // the whole job, probe included
+    // What an estimate foretells of the job: the output's size and the encoding time.
+    std::optional<double> predictedBytes;
+    std::optional<double> predictedSeconds;
 };
 
 std::string statusName(JobEnd::Status status);
@@ -56,6 +71,9 @@ inline constexpr double kBytesPerMb = 1048576.0;
 
 // "12.3 MB" of a number of bytes, with `decimals` decimals (never "-0.0").
 std::string megabytesText(double bytes, int decimals = 1);
+
+// A share in percent as the companion's messages give it: "7.5".
+std::string percentText(double percent);
 
 // "h:mm:ss" of a number of seconds, rounded down.
 std::string clockText(double seconds);

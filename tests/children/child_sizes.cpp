@@ -1,7 +1,8 @@
 // child_sizes: stands in for ffprobe and ffmpeg in a two-pass target size whose outputs have
 // chosen sizes. Asked to show entries, it answers as ffprobe does for a 10-second 1280x720 clip
 // with no sound. Asked for a first pass ("pass=1:" among the encoder's parameters), it writes
-// nothing. Otherwise it writes its last argument with as many bytes as the first line of the file
+// nothing, and asked for a sample of a forecast (a bare "hevc" stream) it writes nothing either.
+// Otherwise it writes its last argument with as many bytes as the first line of the file
 // CHILD_SIZES names says, and drops that line, so that each run takes the next size.
 #include <cstdio>
 #include <cstdlib>
@@ -19,7 +20,7 @@ int main(int argc, char** argv) {
                 "duration=10.000000\n");
             return 0;
         }
-        if (word.starts_with("pass=1:")) return 0;
+        if (word.starts_with("pass=1:") || word == "hevc") return 0;
     }
     const char* sizesFile = std::getenv("CHILD_SIZES");
     if (!sizesFile || argc < 2) return 2;

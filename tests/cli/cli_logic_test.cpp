@@ -190,7 +190,8 @@ TEST(JobProgress, ProgressLinesGiveTheLineTheJsonAndTheEstimate) {
               "a \"b\".mp4  25.0%  0:00:05  2.50x  1.0 MB  left 0:00:06  about 4.0 MB");
     EXPECT_EQ(jsonUpdate(job),
               R"({"event":"progress","source":"a \"b\".mp4","encoded_seconds":5.000,)"
-              R"("bytes_written":1048576,"percent":25.00,"speed":2.500})");
+              R"("bytes_written":1048576,"percent":25.00,"speed":2.500,"seconds_left":6.0,)"
+              R"("projected_bytes":4194304})");
     EXPECT_EQ(jsonString("line\nbreak\\"), R"("line\u000abreak\\")");
 }
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "cli/hevc_stream.h"
+
+namespace quillet::cli {
+
+// A stretch of the source encoded on its own to learn how it compresses.
+struct SampleSpan {
+    double start = 0;   // seconds into the source
+    double length = 0;  // seconds
+};
+
+// Together the samples cover at most this share of the source's running time.
+inline constexpr double kSampledShare = 0.05;
+
+// Up to a dozen samples spread evenly over `seconds`, one in the middle of each equal part,
+// none shorter than a quarter of a second unless the whole share is shorter.
+std::vector<SampleSpan> sampleSpans(double seconds);
+
+// What one sample came to.
+struct SampleMeasure {
+    SampleSpan span;
+    StreamTally tally;
+    // Seconds the encoder took per second of source, as it counts them or else from ffmpeg's
+    // progress once under way; unknown when neither told.
+    std::optional<double> workPerSecond;
+};
+
+// The source's cost along its length: each sample stands for the equal part of the source around
+// it. Bytes are the whole output's (the picture and `audioBytesPerSecond`); work is encoding time.
+class ComplexityProfile {
+public:
+    struct Part {
+        double start, end;  // seconds into the source
+        double bytesPerSecond;
+        double workPerSecond;
+    };
+    ComplexityProfile() = default;
+    explicit ComplexityProfile(std::vector<Part> parts) : parts_(std::move(parts)) {}
+
+    double bytesBetween(double from, double to) const;
+    double workBetween(double from, double to) const;
+    double seconds() const { return parts_.empty() ? 0 : parts_.back().end; }
+    bool empty() const { return parts_.empty(); }
+
+private:
+    template <typename Density>
+    double integral(double from, double to, Density density) const;
+    std::vector<Part> parts_;
+};
+
+// The whole output's size and encoding time foretold from the samples of a source of `seconds`.
+// A sample starts with a key picture however still its content, so its key pictures are taken
+// out and the whole is given one every `keyInterval` pictures, as the encoder does.
+ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples, double seconds,
+                                     double audioBytesPerSecond, int keyInterval = 250);
+
+// Where a running job will end: its final size and the seconds it still needs.
+struct Projection {
+    double finalBytes = 0;
+    double secondsLeft = 0;
+};
+
+// From `encodedSeconds` of the source done in `elapsedSeconds`, having written `bytesWritten`:
+// the profile's shape, scaled to what the job has really done so far.
+std::optional<Projection> project(const ComplexityProfile& profile, double encodedSeconds,
+                                  double bytesWritten, double elapsedSeconds);
+
+}  // namespace quillet::cli
