@@ -19,6 +19,11 @@ void BatchReport::progress(const JobView& job) {
 }
 
 void BatchReport::finished(const JobEnd& end) {
+    if (end.predictedBytes) {
+        ++foretold_;
+        predictedBytes_ += *end.predictedBytes;
+        predictedSeconds_ += end.predictedSeconds.value_or(0);
+    }
     switch (end.status) {
         case JobEnd::Status::Done:
             ++done_;
@@ -49,18 +54,26 @@ void BatchReport::problem(const std::string& text) {
 void BatchReport::summary(bool inputProblems) {
     clearLine();
     if (json_) {
+        const std::string foretold =
+            foretold_ > 0 ? ",\"predicted_bytes\":" + jsonNumber(predictedBytes_, 0) +
+                                ",\"predicted_seconds\":" + jsonNumber(predictedSeconds_, 1)
+                          : "";
         std::fprintf(out_,
                      "{\"event\":\"summary\",\"done\":%d,\"kept_source\":%d,\"skipped\":%d,"
-                     "\"failed\":%d,\"input_problems\":%s,\"bytes_saved\":%lld}\n",
+                     "\"failed\":%d,\"input_problems\":%s,\"bytes_saved\":%lld%s}\n",
                      done_, keptSource_, skipped_, failed_, inputProblems ? "true" : "false",
-                     bytesSaved_);
+                     bytesSaved_, foretold.c_str());
     } else {
         const std::string keptSource =
             keptSource_ > 0 ? ", " + std::to_string(keptSource_) + " kept the source (not smaller)"
                             : "";
-        std::fprintf(out_, "%d done%s, %d skipped, %d failed, %s saved\n", done_,
-                     keptSource.c_str(), skipped_, failed_,
-                     megabytesText(static_cast<double>(bytesSaved_)).c_str());
+        // An estimate saves nothing; what it foretells in all is the news.
+        const std::string outcome =
+            foretold_ > 0 ? "about " + megabytesText(predictedBytes_) + " and " +
+                                clockText(predictedSeconds_) + " of encoding in all"
+                          : megabytesText(static_cast<double>(bytesSaved_)) + " saved";
+        std::fprintf(out_, "%d done%s, %d skipped, %d failed, %s\n", done_, keptSource.c_str(),
+                     skipped_, failed_, outcome.c_str());
     }
     std::fflush(out_);
 }

@@ -18,7 +18,8 @@ public:
     void finished(const JobEnd& end);
     void problem(const std::string& text);
     // "N done, N skipped, N failed, X MB saved", with "N kept the source (not smaller)" after the
-    // done when there are any; `inputProblems`: some input named nothing.
+    // done when there are any, and what estimates foretell in all instead of the saving;
+    // `inputProblems`: some input named nothing.
     void summary(bool inputProblems);
     bool anyFailed() const { return failed_ > 0; }
 
@@ -35,6 +36,9 @@ private:
     int skipped_ = 0;
     int failed_ = 0;
     long long bytesSaved_ = 0;
+    int foretold_ = 0;  // estimates
+    double predictedBytes_ = 0;
+    double predictedSeconds_ = 0;
 };
 
 }  // namespace quillet::cli

@@ -11,13 +11,15 @@ Each output goes beside its source as Compressed-<name>, or into --output-dir.
 
 Commands:
   compress   re-encode with libx265 under one of four rate-control methods
+  estimate   foretell what compress would make of each input (size, time), from
+             samples that are at most 5% of its running time; writes nothing
   mp3        re-encode the picture at a rate factor and the audio to MP3
   scale      scale the picture down to a height of 240, 360, 480 or 720
   fps        change the frame rate
   tags       write container tags into a copy, streams copied as they are
   probe      show running time, resolution and streams
 
-compress:
+compress and estimate:
   --method tfs|crf|abr|qp  target file size, constant rate factor (default),
                            average bit rate or constant quantizer
   --target-mb MB           the size to reach (tfs), up to 1000000 MB;
@@ -44,7 +46,9 @@ Every command:
   --rename           keep an existing output and write Compressed-<name> (2) and so on
   --min-saving PCT   remove an output that is not at least PCT% smaller than
                      its source; the job counts as kept the source (not smaller)
-  --json             one JSON object per progress update and per finished job;
+  --json             one JSON object per progress update (seconds_left and
+                     projected_bytes when known) and per finished job (an
+                     estimate's with predicted_bytes and predicted_seconds);
                      a number not known (a speed ffmpeg cannot tell) is null, and
                      each byte of a name that is not UTF-8 is kept as \udc80-\udcff
   --                 what follows are inputs, even names that start with "-"
@@ -55,6 +59,7 @@ Exit status: 0 every job done or skipped, 1 some job failed, 2 bad usage, 130 st
 Examples:
   quillet-cli compress --method tfs --target-mb 50 --two-pass holiday.mp4
   quillet-cli compress --method crf --crf 24 --output-dir small ~/Videos/phone
+  quillet-cli estimate --method crf --crf 24 ~/Videos/phone
   quillet-cli scale --height 720 --rename *.mov
   quillet-cli tags --tag title="Summer 2026" --tag artist=Ann clip.mp4
   quillet-cli probe clip.mp4

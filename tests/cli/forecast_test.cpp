@@ -1,0 +1,113 @@
+// The forecast: what a stream of samples holds, where the samples are taken, and how the
+// source's cost along its length turns into the final size and the time left.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "cli/forecast.h"
+#include "cli/hevc_stream.h"
+
+namespace quillet::cli {
+namespace {
+
+// A unit of a start-code stream: the start code, two header bytes of `type`, and `size` bytes of
+// which the first says whether a slice starts a picture.
+std::string unit(int type, std::size_t size, bool startsPicture = true, bool longCode = false) {
+    std::string bytes = longCode ? std::string("\0\0\0\1", 4) : std::string("\0\0\1", 3);
+    bytes += static_cast<char>(type << 1);
+    bytes += '\1';
+    bytes += static_cast<char>(startsPicture ? 0x80 : 0x00);
+    bytes += std::string(size - 1, '\x55');
+    return bytes;
+}
+
+TEST(HevcStream, KeyPicturesAndTheirParameterSetsAreToldApart) {
+    // Parameter sets, a key picture in two slices, then two plain pictures.
+    const std::string head = unit(32, 20) + unit(33, 40) + unit(34, 10) +
+                             unit(19, 900, true, true) + unit(19, 300, false);
+    const std::string stream = head + unit(1, 100) + unit(0, 50);
+    const StreamTally tally = tallyStream(stream);
+    EXPECT_EQ(tally.pictures, 3);
+    EXPECT_EQ(tally.keyPictures, 1);
+    EXPECT_EQ(tally.bytes, stream.size());
+    EXPECT_EQ(tally.keyBytes, head.size());
+    // Bytes that hold no stream are counted, and hold no picture.
+    const StreamTally noise = tallyStream(std::string(1000, '\x7f'));
+    EXPECT_EQ(noise.pictures, 0);
+    EXPECT_EQ(noise.bytes, 1000);
+    EXPECT_EQ(tallyStream("").pictures, 0);
+    EXPECT_EQ(tallyStream(std::string("\0\0\1\x26", 4)).pictures, 0);  // a unit cut short
+}
+
+TEST(Forecast, SamplesAreSpreadAndTakeAtMostTheirShareOfTheRunningTime) {
+    for (const double seconds : {0.5, 3.0, 20.0, 30.0, 180.0, 36000.0}) {
+        const std::vector<SampleSpan> spans = sampleSpans(seconds);
+        ASSERT_FALSE(spans.empty()) << seconds;
+        EXPECT_LE(spans.size(), 12u);
+        double sampled = 0;
+        double previousEnd = 0;
+        for (const SampleSpan& span : spans) {
+            EXPECT_GE(span.start, previousEnd) << seconds;
+            previousEnd = span.start + span.length;
+            sampled += span.length;
+        }
+        EXPECT_LE(previousEnd, seconds);
+        EXPECT_LE(sampled, seconds * kSampledShare * 1.0001) << seconds;
+        // The first sample lies in the first part, the last in the last.
+        EXPECT_LT(spans.front().start, seconds / spans.size());
+        EXPECT_GT(spans.back().start, seconds - seconds / spans.size());
+    }
+    EXPECT_EQ(sampleSpans(30).size(), 6u);
+    for (const double none : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
+        EXPECT_TRUE(sampleSpans(none).empty()) << none;
+    }
+}
+
+// A sample of 25 pictures in a second: one key picture of `keyBytes`, the others of `plainBytes`.
+SampleMeasure sample(double start, double plainBytes, double keyBytes, std::optional<double> work) {
+    return {{start, 1.0}, {25, 1, keyBytes + 24 * plainBytes, keyBytes}, work};
+}
+
+TEST(Forecast, EachSampleStandsForItsPartAndItsKeyPictureIsNotTakenForItsContent) {
+    // 100 s: a simple first half and a busy second half, each sample with a large key picture.
+    const auto profile =
+        profileFromSamples({sample(12, 1000, 50000, 0.5), sample(37, 1000, 50000, 0.5),
+                            sample(62, 9000, 90000, 2.0), sample(87, 9000, 90000, std::nullopt)},
+                           100, 20000);
+    ASSERT_FALSE(profile.empty());
+    EXPECT_DOUBLE_EQ(profile.seconds(), 100);
+    // 2,500 pictures with a key picture every 250 and the first: 6 in the simple half. A sample's
+    // key picture counted as its content would have made that half 3 times larger.
+    const double simpleHalf = profile.bytesBetween(0, 50) - 50 * 20000;
+    EXPECT_NEAR(simpleHalf, 1250 * 1000 + 6 * 49000, 1);
+    EXPECT_NEAR(profile.bytesBetween(50, 100) - 50 * 20000, 1250 * 9000 + 5 * 81000, 1);
+    // A sample whose cost is unknown costs what the others cost on average.
+    EXPECT_NEAR(profile.workBetween(0, 100), 50 * 0.5 + 25 * 2.0 + 25 * 1.0, 1e-9);
+    // Samples with no picture are left out; with none left there is no profile.
+    EXPECT_TRUE(profileFromSamples({{{10, 1}, {}, 1.0}}, 100, 0).empty());
+}
+
+TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {
+    // Cheap first quarter, costly rest: 1 byte/s and then 3 bytes/s, in size and in work.
+    const ComplexityProfile profile({{0, 25, 1, 1}, {25, 100, 3, 3}});
+    // Before anything is done, the profile itself.
+    const auto start = project(profile, 0, 0, 0);
+    ASSERT_TRUE(start);
+    EXPECT_DOUBLE_EQ(start->finalBytes, 250);
+    // A quarter done at twice the bytes and half the time the samples said: the rest scales so.
+    const auto quarter = project(profile, 25, 50, 12.5);
+    ASSERT_TRUE(quarter);
+    EXPECT_DOUBLE_EQ(quarter->finalBytes, 50 + 2 * 225);
+    EXPECT_DOUBLE_EQ(quarter->secondsLeft, 0.5 * 225);
+    // The rate so far would have said 200 bytes, under half of it.
+    const auto done = project(profile, 100, 480, 90);
+    ASSERT_TRUE(done);
+    EXPECT_DOUBLE_EQ(done->finalBytes, 480);
+    EXPECT_DOUBLE_EQ(done->secondsLeft, 0);
+    EXPECT_FALSE(project(ComplexityProfile(), 10, 100, 5));
+}
+
+}  // namespace
+}  // namespace quillet::cli
