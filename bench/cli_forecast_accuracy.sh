@@ -7,14 +7,7 @@
 # Usage: bench/cli_forecast_accuracy.sh [CLIP...]   (all when none; builds into build-bench/)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
-build=${BENCH_BUILD_DIR:-$top/build-bench}
-cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
-cmake --build "$build" --target quillet-cli >/dev/null
-cli=$build/quillet-cli
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-source "$top/bench/hard_clips.sh"
+source "$top/bench/cli_bench_setup.sh"
 
 # field NAME LINE: a number of the JSON line.
 field() { sed -n "s/.*\"$1\":\\([^,}]*\\).*/\\1/p" <<<"$2"; }

@@ -10,15 +10,7 @@
 # Usage: bench/cli_target_accuracy.sh [CLIP...]   (all when none; builds into build-bench/)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
-build=${BENCH_BUILD_DIR:-$top/build-bench}
-cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
-cmake --build "$build" --target quillet-cli >/dev/null
-cli=$build/quillet-cli
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-
-source "$top/bench/hard_clips.sh"
+source "$top/bench/cli_bench_setup.sh"
 
 # compress RUN CLIP ARGUMENTS...: the companion's end event of the job, one line of JSON.
 compress() {

@@ -1,6 +1,16 @@
-# The hard clips the companion's benches share, made by ffmpeg to be hard on a rate control and
-# on a forecast. Source this file; then `make_clip NAME` writes $clips_dir/NAME.mp4 unless it is
-# there already (set BENCH_CLIPS to keep them between runs), and `hard_clips` lists the names.
+# What the companion's benches share: `$cli`, a Release quillet-cli built into build-bench/ (or
+# BENCH_BUILD_DIR), `$work`, a folder gone at the end, and the hard clips, made by ffmpeg to be hard
+# on a rate control and on a forecast. Source this file with `top` set to the checkout; then
+# `make_clip NAME` writes $clips_dir/NAME.mp4 unless it is there already (set BENCH_CLIPS to keep
+# them between runs), and `hard_clips` lists the names.
+build=${BENCH_BUILD_DIR:-$top/build-bench}
+cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
+cmake --build "$build" --target quillet-cli >/dev/null
+cli=$build/quillet-cli
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
 clips_dir=${BENCH_CLIPS:-$work}
 mkdir -p "$clips_dir"
 hard_clips=(scenes grain hd1080 vfr surround silent flashes zoom automaton still short long)
