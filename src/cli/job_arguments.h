@@ -36,7 +36,8 @@ std::vector<std::string> secondPassArguments(const Options& options, const JobFi
                                              long long videoBitsPerSecond, bool withAudio);
 
 // One sample of a forecast: `length` seconds of the picture from `start` (a single picture when
-// 0), encoded as the job would, into a bare stream (no container, no sound) that is measured and thrown away.
+// 0), encoded as the job would, into a bare stream (no container, no sound) that is measured and
+// thrown away.
 std::vector<std::string> sampleArguments(const Options& options, const JobFiles& files,
                                          double start, double length,
                                          long long videoBitsPerSecond = 0);
