@@ -105,10 +105,9 @@ private:
     ComplexityProfile sampledProfile(const JobEnd& end, const SourceFacts& facts,
                                      long long videoRate) {
         if (!facts.seconds) return {};
-        const double audioBytesPerSecond = facts.hasAudio ? options_.audioKbps * 1000.0 / 8 : 0;
-        return profileFromSamples(encodeSamples(options_, utf8Of(tools_.ffmpeg), end.source,
-                                                *facts.seconds, videoRate, stops_),
-                                  *facts.seconds, audioBytesPerSecond);
+        return measureComplexity(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe),
+                                 end.source, *facts.seconds, videoRate,
+                                 facts.hasAudio ? options_.audioKbps * 1000.0 / 8 : 0, stops_);
     }
 
     // What a job would come to, from its samples; nothing is written.

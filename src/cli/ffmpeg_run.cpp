@@ -52,6 +52,7 @@ RunOutcome runTool(const ProgramCall& call, const std::string& folder, StopReque
     }
     takeLine();
     outcome.exitCode = child->awaitExit();
+    outcome.processorSeconds = child->processorSeconds();
     stops.setChild(nullptr);
     return outcome;
 }

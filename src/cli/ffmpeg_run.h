@@ -16,6 +16,7 @@ struct RunOutcome {
     int exitCode = -1;
     std::deque<std::string> lastLines;  // the last lines that were not progress, for messages
     std::string output;                 // everything it wrote, when asked to keep it
+    double processorSeconds = 0;        // user and system time it used
     bool succeeded() const { return started && exitCode == 0; }
 };
 

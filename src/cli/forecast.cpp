@@ -9,20 +9,54 @@ namespace {
 
 constexpr int kMostSamples = 12;
 constexpr double kShortestSample = 0.25;  // seconds
+constexpr double kSourceWindow = 2.0;     // seconds, at least
+constexpr double kMostParts = 600;
 
-// The picture's bytes per second of source around one sample.
-double videoBytesPerSecond(const SampleMeasure& sample, double partSeconds, bool first,
-                           int keyInterval) {
+// What one sample's pictures cost: a plain picture, a key picture, and how many a second.
+struct PictureCost {
+    double plainBytes;
+    double keyBytes;
+    double perSecond;
+};
+
+PictureCost pictureCost(const SampleMeasure& sample) {
     const StreamTally& tally = sample.tally;
-    const double picturesPerSecond = tally.pictures / sample.span.length;
     const int plainPictures = tally.pictures - tally.keyPictures;
-    const double plainBytes = plainPictures > 0 ? (tally.bytes - tally.keyBytes) / plainPictures
-                                                : tally.bytes / tally.pictures;
-    const double keyBytes = tally.keyPictures > 0 ? tally.keyBytes / tally.keyPictures : plainBytes;
-    const double pictures = picturesPerSecond * partSeconds;
-    // The part's share of the key pictures the whole will have; the very first is the first part's.
-    const double keys = std::min(pictures, pictures / keyInterval + (first ? 1 : 0));
-    return ((pictures - keys) * plainBytes + keys * keyBytes) / partSeconds;
+    const double plain = plainPictures > 0 ? (tally.bytes - tally.keyBytes) / plainPictures
+                                           : tally.bytes / tally.pictures;
+    const double key = tally.keyPictures > 0 ? tally.keyBytes / tally.keyPictures : plain;
+    return {plain, key, tally.pictures / sample.span.length};
+}
+
+// The picture's bytes per second, with a key picture every `keyInterval` pictures as in the
+// whole, rather than the one every sample starts with.
+double videoBytesPerSecond(const PictureCost& cost, int keyInterval) {
+    return cost.perSecond * (cost.plainBytes + (cost.keyBytes - cost.plainBytes) / keyInterval);
+}
+
+// What one sample tells of the stretch around it.
+struct SampleRates {
+    double middle;       // seconds into the source
+    double sourceBytes;  // the source's picture bytes per second around it
+    double videoBytes;   // the output's picture bytes per second
+    std::optional<double> work;
+};
+
+// The sample that stands for a stretch of the source: of the two nearest, the one whose source
+// spends bytes most alike, so that a stretch on the far side of a cut between scenes follows the
+// sample of its own scene.
+const SampleRates& standIn(const std::vector<SampleRates>& samples, double middle,
+                           double sourceBytes) {
+    const auto after = std::lower_bound(
+        samples.begin(), samples.end(), middle,
+        [](const SampleRates& sample, double time) { return sample.middle < time; });
+    if (after == samples.begin()) return *after;
+    if (after == samples.end()) return samples.back();
+    const auto before = std::prev(after);
+    const auto unlike = [&](const SampleRates& sample) {
+        return std::abs(std::log((sample.sourceBytes + 1) / (sourceBytes + 1)));
+    };
+    return unlike(*before) <= unlike(*after) ? *before : *after;
 }
 
 }  // namespace
@@ -58,35 +92,58 @@ double ComplexityProfile::workBetween(double from, double to) const {
     return integral(from, to, [](const Part& part) { return part.workPerSecond; });
 }
 
-ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples, double seconds,
+ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
+                                     const SourceBytes& source, double seconds,
                                      double audioBytesPerSecond, int keyInterval) {
-    std::vector<const SampleMeasure*> usable;
+    if (!(seconds > 0) || !std::isfinite(seconds)) return {};
+    // The source's bytes per second over a window short enough to follow its scenes. Without
+    // packets, every stretch is alike.
+    const double window = std::max(kSourceWindow, seconds / kMostParts);
+    const auto sourceRate = [&](double middle) {
+        if (source.empty()) return 1.0;
+        const double from = std::clamp(middle - window / 2, 0.0, std::max(0.0, seconds - window));
+        return source.between(from, from + window) / window;
+    };
+    std::vector<SampleRates> rates;
+    std::optional<PictureCost> first;
     double knownWork = 0;
     int workKnown = 0;
     for (const SampleMeasure& sample : samples) {
         if (sample.tally.pictures == 0 || !(sample.span.length > 0)) continue;
-        usable.push_back(&sample);
+        const PictureCost cost = pictureCost(sample);
+        if (!first) first = cost;
+        // The source over the sample's own span, which the sample encoded.
+        const double sourceBytes =
+            source.empty()
+                ? 1.0
+                : source.between(sample.span.start, sample.span.start + sample.span.length) /
+                      sample.span.length;
+        rates.push_back({sample.span.start + sample.span.length / 2, sourceBytes,
+                         videoBytesPerSecond(cost, keyInterval), sample.workPerSecond});
         if (sample.workPerSecond) {
             knownWork += *sample.workPerSecond;
             ++workKnown;
         }
     }
-    if (usable.empty() || !(seconds > 0)) return {};
-    // A sample ended before ffmpeg measured it costs what the others cost on average.
-    const double usualWork = workKnown > 0 ? knownWork / workKnown : 0;
+    if (rates.empty()) return {};
+    const int count = std::max(1, static_cast<int>(std::round(seconds / window)));
+    const double length = seconds / count;
     std::vector<ComplexityProfile::Part> parts;
-    for (std::size_t i = 0; i < usable.size(); ++i) {
-        const auto middle = [&](std::size_t k) {
-            return usable[k]->span.start + usable[k]->span.length / 2;
-        };
-        const double start = i == 0 ? 0 : (middle(i - 1) + middle(i)) / 2;
-        const double end = i + 1 == usable.size() ? seconds : (middle(i) + middle(i + 1)) / 2;
-        if (!(end > start)) continue;
-        parts.push_back({start, end,
-                         videoBytesPerSecond(*usable[i], end - start, i == 0, keyInterval) +
-                             audioBytesPerSecond,
-                         usable[i]->workPerSecond.value_or(usualWork)});
+    for (int i = 0; i < count; ++i) {
+        const double middle = (i + 0.5) * length;
+        const double source = sourceRate(middle);
+        const SampleRates& sample = standIn(rates, middle, source);
+        // The output follows the source's bytes at the rate the sample of its scene compresses
+        // them; where neither spent any, at the sample's own.
+        const double video = sample.sourceBytes > 0 && source > 0
+                                 ? sample.videoBytes * source / sample.sourceBytes
+                                 : sample.videoBytes;
+        // A sample whose cost is unknown costs what the others cost on average.
+        const double work = sample.work.value_or(workKnown > 0 ? knownWork / workKnown : 0);
+        parts.push_back({i * length, (i + 1) * length, video + audioBytesPerSecond, work});
     }
+    // The whole starts with a key picture of its own.
+    parts.front().bytesPerSecond += (first->keyBytes - first->plainBytes) / length;
     return ComplexityProfile(std::move(parts));
 }
 

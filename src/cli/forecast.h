@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/hevc_stream.h"
+#include "cli/source_bytes.h"
 
 namespace quillet::cli {
 
@@ -52,10 +53,13 @@ private:
     std::vector<Part> parts_;
 };
 
-// The whole output's size and encoding time foretold from the samples of a source of `seconds`.
-// A sample starts with a key picture however still its content, so its key pictures are taken
-// out and the whole is given one every `keyInterval` pictures, as the encoder does.
-ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples, double seconds,
+// The whole output's size and encoding time along the source's `seconds`, foretold from the
+// samples and from where the source itself spends its bytes: the samples tell how the output's
+// bytes and the encoder's time follow the source's bytes, and the source's bytes tell the rest.
+// A sample starts with a key picture however still its content, so the whole is given one every
+// `keyInterval` pictures instead, as the encoder does, and one at its start.
+ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
+                                     const SourceBytes& source, double seconds,
                                      double audioBytesPerSecond, int keyInterval = 250);
 
 // Where a running job will end: its final size and the seconds it still needs.

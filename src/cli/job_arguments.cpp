@@ -190,10 +190,9 @@ Words secondPassArguments(const Options& options, const JobFiles& files,
 
 Words sampleArguments(const Options& options, const JobFiles& files, double start, double length,
                       long long videoBitsPerSecond) {
-    // Seeking before the input decodes only from the key picture before the sample; progress
-    // comes often, as a sample lasts a few seconds.
-    Words words = {files.ffmpeg, "-hide_banner",  "-v",  "warning", "-nostats",         "-progress",
-                   "pipe:1",     "-stats_period", "0.1", "-ss",     fixedSeconds(start)};
+    // Seeking before the input decodes only from the key picture before the sample.
+    Words words = {files.ffmpeg, "-hide_banner", "-v",  "warning",          "-nostats",
+                   "-progress",  "pipe:1",       "-ss", fixedSeconds(start)};
     // A length of 0: a single picture.
     if (length > 0) add(words, {"-t", fixedSeconds(length)});
     add(words, {"-i", files.source, "-map", "0:v:0"});
@@ -201,6 +200,19 @@ Words sampleArguments(const Options& options, const JobFiles& files, double star
     compressVideo(words, options, videoBitsPerSecond);
     add(words, {"-an", "-f", "hevc", "-y", files.output});
     return words;
+}
+
+Words packetArguments(const std::string& ffprobe, const std::string& source) {
+    return {ffprobe,
+            "-v",
+            "error",
+            "-select_streams",
+            "v:0",
+            "-show_entries",
+            "packet=pts_time,dts_time,size,flags",
+            "-of",
+            "default=noprint_wrappers=1",
+            source};
 }
 
 Words probeArguments(const std::string& ffprobe, const std::string& source) {

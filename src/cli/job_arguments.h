@@ -42,6 +42,10 @@ std::vector<std::string> sampleArguments(const Options& options, const JobFiles&
                                          double start, double length,
                                          long long videoBitsPerSecond = 0);
 
+// The ffprobe arguments that ask for the time and size of each packet of the first picture
+// stream, one key=value a line; the packets are read, not decoded.
+std::vector<std::string> packetArguments(const std::string& ffprobe, const std::string& source);
+
 // The ffprobe arguments that ask for the running time, the picture size and the streams, one
 // key=value a line.
 std::vector<std::string> probeArguments(const std::string& ffprobe, const std::string& source);

@@ -9,11 +9,13 @@
 
 namespace quillet::cli {
 
-// Encodes the forecast's samples of `source` (`seconds` long) as the job would, in a folder of
-// their own that is gone afterwards, and measures each. A sample ffmpeg fails on is left out;
-// none at all when stopped.
-std::vector<SampleMeasure> encodeSamples(const Options& options, const std::string& ffmpeg,
-                                         const std::string& source, double seconds,
-                                         long long videoBitsPerSecond, StopRequests& stops);
+// The source's cost along its `seconds`, as the job would encode it: its packets read with
+// ffprobe, and the forecast's samples encoded with ffmpeg in a folder of their own that is gone
+// afterwards. A sample ffmpeg fails on is left out; empty when stopped or when no sample could be
+// encoded.
+ComplexityProfile measureComplexity(const Options& options, const std::string& ffmpeg,
+                                    const std::string& ffprobe, const std::string& source,
+                                    double seconds, long long videoBitsPerSecond,
+                                    double audioBytesPerSecond, StopRequests& stops);
 
 }  // namespace quillet::cli

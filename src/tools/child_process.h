@@ -37,6 +37,9 @@ public:
     // thread, after the output has ended. Gives the child's exit code; -1 when a signal ended it.
     int awaitExit();
 
+    // The processor time (user and system) the child used, once awaitExit has returned; 0 before.
+    double processorSeconds() const;
+
     // Asks the child to end: "q" on its standard input (which ffmpeg honours) and, where the system
     // has it, the termination signal. Does nothing once the child has ended. Any thread.
     void askToStop();

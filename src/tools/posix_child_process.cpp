@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #ifdef __linux__
 #include <sys/prctl.h>
@@ -192,10 +193,11 @@ void writeByteQuietly(int fd, char byte) {
 
 struct ChildProcess::Native {
     pid_t pid = -1;
-    Descriptor output;      // our end of the child's standard output and standard error
-    Descriptor input;       // our end of the child's standard input, never blocking
-    std::mutex mutex;       // orders signals against the release of the process id
-    bool released = false;  // the process id may name another process now
+    Descriptor output;         // our end of the child's standard output and standard error
+    Descriptor input;          // our end of the child's standard input, never blocking
+    mutable std::mutex mutex;  // orders signals against the release of the process id
+    bool released = false;     // the process id may name another process now
+    double processorSeconds = 0;
 };
 
 std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine,
@@ -254,9 +256,17 @@ int ChildProcess::awaitExit() {
     std::lock_guard lock(native_->mutex);
     native_->released = true;
     int status = 0;
-    while (::waitpid(native_->pid, &status, 0) < 0 && errno == EINTR) {
+    rusage usage{};
+    while (::wait4(native_->pid, &status, 0, &usage) < 0 && errno == EINTR) {
     }
+    const auto seconds = [](const timeval& time) { return time.tv_sec + time.tv_usec / 1e6; };
+    native_->processorSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+double ChildProcess::processorSeconds() const {
+    std::lock_guard lock(native_->mutex);
+    return native_->processorSeconds;
 }
 
 void ChildProcess::askToStop() {

@@ -118,8 +118,9 @@ struct ChildProcess::Native {
     Handle process;
     Handle output;  // our end of the child's standard output and standard error
     Handle input;   // our end of the child's standard input, never blocking
-    std::mutex mutex;
+    mutable std::mutex mutex;
     bool ended = false;
+    double processorSeconds = 0;
 };
 
 std::shared_ptr<ChildProcess> ChildProcess::start(const std::string& commandLine,
@@ -190,9 +191,24 @@ int ChildProcess::awaitExit() {
     ::WaitForSingleObject(native_->process.get(), INFINITE);
     std::lock_guard lock(native_->mutex);
     native_->ended = true;
+    FILETIME created{}, exited{}, kernel{}, user{};
+    if (::GetProcessTimes(native_->process.get(), &created, &exited, &kernel, &user)) {
+        // In units of 100 ns.
+        const auto seconds = [](const FILETIME& time) {
+            return ((static_cast<unsigned long long>(time.dwHighDateTime) << 32) |
+                    time.dwLowDateTime) /
+                   1e7;
+        };
+        native_->processorSeconds = seconds(kernel) + seconds(user);
+    }
     DWORD code = 0;
     if (!::GetExitCodeProcess(native_->process.get(), &code)) return -1;
     return static_cast<int>(code);
+}
+
+double ChildProcess::processorSeconds() const {
+    std::lock_guard lock(native_->mutex);
+    return native_->processorSeconds;
 }
 
 void ChildProcess::askToStop() {

@@ -8,6 +8,7 @@
 
 #include "cli/forecast.h"
 #include "cli/hevc_stream.h"
+#include "cli/source_bytes.h"
 
 namespace quillet::cli {
 namespace {
@@ -70,23 +71,47 @@ SampleMeasure sample(double start, double plainBytes, double keyBytes, std::opti
     return {{start, 1.0}, {25, 1, keyBytes + 24 * plainBytes, keyBytes}, work};
 }
 
-TEST(Forecast, EachSampleStandsForItsPartAndItsKeyPictureIsNotTakenForItsContent) {
-    // 100 s: a simple first half and a busy second half, each sample with a large key picture.
+TEST(Forecast, EachStretchFollowsTheSourceAtTheRateOfTheSampleOfItsOwnScene) {
+    // 100 s whose source spends 1,000 bytes a second up to a cut at 40 s and 9,000 after it.
+    std::vector<SourceBytes::Packet> packets;
+    for (int i = 0; i < 2500; ++i) packets.push_back({i * 0.04, i < 1000 ? 40.0 : 360.0});
+    // The simple scene compresses to half, the busy one to a quarter (plain pictures).
     const auto profile =
-        profileFromSamples({sample(12, 1000, 50000, 0.5), sample(37, 1000, 50000, 0.5),
-                            sample(62, 9000, 90000, 2.0), sample(87, 9000, 90000, std::nullopt)},
-                           100, 20000);
+        profileFromSamples({sample(12, 20, 2000, 0.5), sample(37, 20, 2000, 0.5),
+                            sample(62, 90, 9000, 2.0), sample(87, 90, 9000, std::nullopt)},
+                           SourceBytes(packets), 100, 20000);
     ASSERT_FALSE(profile.empty());
     EXPECT_DOUBLE_EQ(profile.seconds(), 100);
-    // 2,500 pictures with a key picture every 250 and the first: 6 in the simple half. A sample's
-    // key picture counted as its content would have made that half 3 times larger.
-    const double simpleHalf = profile.bytesBetween(0, 50) - 50 * 20000;
-    EXPECT_NEAR(simpleHalf, 1250 * 1000 + 6 * 49000, 1);
-    EXPECT_NEAR(profile.bytesBetween(50, 100) - 50 * 20000, 1250 * 9000 + 5 * 81000, 1);
+    // A sample's key picture is spread as one in 250 pictures, not taken for its content, and the
+    // whole gets one more at its start.
+    const double simple = 25 * (20 + (2000 - 20) / 250.0);
+    const double busy = 25 * (90 + (9000 - 90) / 250.0);
+    EXPECT_NEAR(profile.bytesBetween(0, 40), 40 * (simple + 20000) + 1980, 1);
+    // The stretch from the cut to halfway to the next sample follows the busy scene's sample, not
+    // the nearer simple one at the simple one's rate.
+    EXPECT_NEAR(profile.bytesBetween(40, 50), 10 * (busy + 20000), 1);
+    EXPECT_NEAR(profile.bytesBetween(50, 100), 50 * (busy + 20000), 1);
     // A sample whose cost is unknown costs what the others cost on average.
-    EXPECT_NEAR(profile.workBetween(0, 100), 50 * 0.5 + 25 * 2.0 + 25 * 1.0, 1e-9);
+    EXPECT_NEAR(profile.workBetween(0, 40), 40 * 0.5, 1e-9);
+    EXPECT_NEAR(profile.workBetween(90, 100), 10 * 1.0, 1e-9);
     // Samples with no picture are left out; with none left there is no profile.
-    EXPECT_TRUE(profileFromSamples({{{10, 1}, {}, 1.0}}, 100, 0).empty());
+    EXPECT_TRUE(profileFromSamples({{{10, 1}, {}, 1.0}}, SourceBytes(packets), 100, 0).empty());
+}
+
+TEST(Forecast, TheSourcesPacketsAreReadWithoutItsKeyPictures) {
+    const SourceBytes source = parsePacketAnswer(
+        "pts_time=0.000000\ndts_time=0.000000\nsize=5000\nflags=K_\n"
+        "pts_time=N/A\ndts_time=0.040000\nsize=100\nflags=__\n"
+        "pts_time=0.080000\r\ndts_time=0.080000\r\nsize=200\r\nflags=__\r\n"
+        "pts_time=N/A\ndts_time=N/A\nsize=999\nflags=__\n"
+        "pts_time=0.120000\nsize=300\nflags=__\n");
+    EXPECT_EQ(source.between(0, 1), 600);
+    EXPECT_EQ(source.between(0.04, 0.08), 100);
+    // A source of key pictures only keeps them.
+    EXPECT_EQ(parsePacketAnswer("pts_time=0\nsize=10\nflags=K_\npts_time=1\nsize=20\nflags=K_\n")
+                  .between(0, 2),
+              30);
+    EXPECT_TRUE(parsePacketAnswer("no packets here\n").empty());
 }
 
 TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {

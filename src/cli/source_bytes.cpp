@@ -1,0 +1,70 @@
+#include "cli/source_bytes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <sstream>
+
+#include "tools/exact_number.h"
+
+namespace quillet::cli {
+
+SourceBytes::SourceBytes(std::vector<Packet> packets) {
+    std::sort(packets.begin(), packets.end(),
+              [](const Packet& a, const Packet& b) { return a.time < b.time; });
+    before_.push_back(0);
+    for (const Packet& packet : packets) {
+        times_.push_back(packet.time);
+        before_.push_back(before_.back() + packet.bytes);
+    }
+}
+
+double SourceBytes::between(double from, double to) const {
+    const auto index = [&](double time) {
+        return std::lower_bound(times_.begin(), times_.end(), time) - times_.begin();
+    };
+    if (times_.empty() || !(to > from)) return 0;
+    return before_[static_cast<std::size_t>(index(to))] -
+           before_[static_cast<std::size_t>(index(from))];
+}
+
+SourceBytes parsePacketAnswer(const std::string& answer) {
+    std::vector<SourceBytes::Packet> plain;
+    std::vector<SourceBytes::Packet> all;
+    std::optional<double> presented;
+    std::optional<double> decoded;
+    double size = -1;  // none yet
+    std::istringstream lines(answer);
+    std::string line;
+    const auto number = [](const std::string& text) -> std::optional<double> {
+        auto value = exactNumber<double>(text);
+        return value && std::isfinite(*value) && *value >= 0 ? value : std::nullopt;
+    };
+    while (std::getline(lines, line)) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const std::size_t equals = line.find('=');
+        if (equals == std::string::npos) continue;
+        const std::string key = line.substr(0, equals);
+        const std::string value = line.substr(equals + 1);
+        if (key == "pts_time") {
+            presented = number(value);
+        } else if (key == "dts_time") {
+            decoded = number(value);
+        } else if (key == "size") {
+            size = number(value).value_or(-1);
+        } else if (key == "flags") {
+            // The last of a packet's entries.
+            const auto time = presented ? presented : decoded;
+            if (time && size >= 0) {
+                all.push_back({*time, size});
+                if (value.find('K') == std::string::npos) plain.push_back({*time, size});
+            }
+            presented.reset();
+            decoded.reset();
+            size = -1;
+        }
+    }
+    return SourceBytes(plain.size() * 2 > all.size() ? std::move(plain) : std::move(all));
+}
+
+}  // namespace quillet::cli
