@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kMostSamples = 12;
 constexpr double kShortestSample = 0.25;  // seconds
+constexpr double kLongestSample = 2.0;    // seconds: enough to learn from, on a long source
 constexpr double kSourceWindow = 2.0;     // seconds, at least
 constexpr double kMostParts = 600;
 
@@ -65,7 +66,7 @@ std::vector<SampleSpan> sampleSpans(double seconds) {
     if (!(seconds > 0) || !std::isfinite(seconds)) return {};
     const double sampled = seconds * kSampledShare;
     const int count = std::clamp(static_cast<int>(sampled / kShortestSample), 1, kMostSamples);
-    const double length = sampled / count;
+    const double length = std::min(sampled / count, kLongestSample);
     std::vector<SampleSpan> spans;
     for (int i = 0; i < count; ++i) {
         const double middle = (i + 0.5) * seconds / count;

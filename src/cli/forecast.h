@@ -18,7 +18,7 @@ struct SampleSpan {
 inline constexpr double kSampledShare = 0.05;
 
 // Up to a dozen samples spread evenly over `seconds`, one in the middle of each equal part,
-// none shorter than a quarter of a second unless the whole share is shorter.
+// none shorter than a quarter of a second unless the whole share is shorter, none longer than two.
 std::vector<SampleSpan> sampleSpans(double seconds);
 
 // What one sample came to.

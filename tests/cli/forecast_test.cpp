@@ -61,6 +61,7 @@ TEST(Forecast, SamplesAreSpreadAndTakeAtMostTheirShareOfTheRunningTime) {
         EXPECT_GT(spans.back().start, seconds - seconds / spans.size());
     }
     EXPECT_EQ(sampleSpans(30).size(), 6u);
+    EXPECT_EQ(sampleSpans(36000).back().length, 2.0);  // a long film is not sampled for minutes
     for (const double none : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
         EXPECT_TRUE(sampleSpans(none).empty()) << none;
     }
