@@ -122,13 +122,19 @@ TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {
     const auto start = project(profile, 0, 0, 0);
     ASSERT_TRUE(start);
     EXPECT_DOUBLE_EQ(start->finalBytes, 250);
-    // A quarter done at twice the bytes and half the time the samples said: the rest scales so.
+    // A quarter done at twice the bytes and half the time the samples said. The time left scales
+    // so; the bytes written weigh against a tenth of the samples' whole (25 bytes), as they are
+    // told late and in steps.
     const auto quarter = project(profile, 25, 50, 12.5);
     ASSERT_TRUE(quarter);
-    EXPECT_DOUBLE_EQ(quarter->finalBytes, 50 + 2 * 225);
+    EXPECT_DOUBLE_EQ(quarter->finalBytes, 50 + (50.0 + 25) / (25 + 25) * 225);
     EXPECT_DOUBLE_EQ(quarter->secondsLeft, 0.5 * 225);
-    // The rate so far would have said 200 bytes, under half of it.
-    const auto done = project(profile, 100, 480, 90);
+    // Half done at twice the bytes: they outweigh the samples. The rate so far would have said
+    // 500 bytes, and a quarter done 200, while the content still to come costs more.
+    const auto half = project(profile, 50, 250, 25);
+    ASSERT_TRUE(half);
+    EXPECT_DOUBLE_EQ(half->finalBytes, 250 + (250.0 + 25) / (100 + 25) * 150);
+    const auto done = project(profile, 100, 480, 90);  // the end: what was written
     ASSERT_TRUE(done);
     EXPECT_DOUBLE_EQ(done->finalBytes, 480);
     EXPECT_DOUBLE_EQ(done->secondsLeft, 0);
