@@ -116,27 +116,30 @@ TEST(Forecast, TheSourcesPacketsAreReadWithoutItsKeyPictures) {
 }
 
 TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {
-    // Cheap first quarter, costly rest: 1 byte/s and then 3 bytes/s, in size and in work.
-    const ComplexityProfile profile({{0, 25, 1, 1}, {25, 100, 3, 3}});
+    // Cheap first quarter, costly rest: 1 MB/s and then 3 MB/s; 1 and 3 s/s of work.
+    constexpr double kMb = 1048576;
+    const ComplexityProfile profile({{0, 25, 1 * kMb, 1}, {25, 100, 3 * kMb, 3}});
     // Before anything is done, the profile itself.
     const auto start = project(profile, 0, 0, 0);
     ASSERT_TRUE(start);
-    EXPECT_DOUBLE_EQ(start->finalBytes, 250);
+    EXPECT_DOUBLE_EQ(start->finalBytes, 250 * kMb);
     // A quarter done at twice the bytes and half the time the samples said. The time left scales
-    // so; the bytes written weigh against a tenth of the samples' whole (25 bytes), as they are
+    // so; the bytes written weigh against a tenth of the samples' whole (25 MB), as they are
     // told late and in steps.
-    const auto quarter = project(profile, 25, 50, 12.5);
+    const auto quarter = project(profile, 25, 50 * kMb, 12.5);
     ASSERT_TRUE(quarter);
-    EXPECT_DOUBLE_EQ(quarter->finalBytes, 50 + (50.0 + 25) / (25 + 25) * 225);
+    EXPECT_DOUBLE_EQ(quarter->finalBytes, (50 + (50.0 + 25) / (25 + 25) * 225) * kMb);
     EXPECT_DOUBLE_EQ(quarter->secondsLeft, 0.5 * 225);
     // Half done at twice the bytes: they outweigh the samples. The rate so far would have said
-    // 500 bytes, and a quarter done 200, while the content still to come costs more.
-    const auto half = project(profile, 50, 250, 25);
+    // 500 MB, and a quarter done 200, while the content still to come costs more.
+    const auto half = project(profile, 50, 250 * kMb, 25);
     ASSERT_TRUE(half);
-    EXPECT_DOUBLE_EQ(half->finalBytes, 250 + (250.0 + 25) / (100 + 25) * 150);
-    const auto done = project(profile, 100, 480, 90);  // the end: what was written
+    EXPECT_DOUBLE_EQ(half->finalBytes, (250 + (250.0 + 25) / (100 + 25) * 150) * kMb);
+    // Less than a megabyte written says nothing yet: ffmpeg tells the size in steps.
+    EXPECT_DOUBLE_EQ(project(profile, 10, 0.5 * kMb, 5)->finalBytes, 250 * kMb);
+    const auto done = project(profile, 100, 480 * kMb, 90);  // the end: what was written
     ASSERT_TRUE(done);
-    EXPECT_DOUBLE_EQ(done->finalBytes, 480);
+    EXPECT_DOUBLE_EQ(done->finalBytes, 480 * kMb);
     EXPECT_DOUBLE_EQ(done->secondsLeft, 0);
     EXPECT_FALSE(project(ComplexityProfile(), 10, 100, 5));
 }
