@@ -26,8 +26,10 @@ compress and estimate:
                            1 MB = 1,048,576 bytes
   --two-pass               two passes, to land within 2% under the target: the
                            second runs up to 3 times, an output over is never
-                           kept (none under: the job fails); one pass aims at
-                           the target but can miss it either way
+                           kept (none under: the job fails); it costs about
+                           two encodes. One pass aims at the target but can
+                           miss it either way: on hard clips from half of it
+                           to twice it
   --crf N                  rate factor, 0 to 51 (default 20)
   --bitrate R --minrate R --maxrate R --bufsize R
                            abr rates up to 2000M (defaults 900k, 1.1M, 2.0M, 1.1M)
