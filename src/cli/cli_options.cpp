@@ -39,14 +39,7 @@ std::optional<double> positiveNumber(const std::string& text, double most) {
 
 // A rate as ffmpeg takes it: a number with an optional "k" or "M", from 1 bit/s up to the most.
 bool isRate(const std::string& text) {
-    std::string number = text;
-    double unit = 1;
-    if (!number.empty() && (number.back() == 'k' || number.back() == 'M')) {
-        unit = number.back() == 'k' ? 1e3 : 1e6;
-        number.pop_back();
-    }
-    const auto value = positiveNumber(number, kMostBitsPerSecond / unit);
-    return value && *value * unit >= 1;
+    return bitsPerSecond(text).has_value();
 }
 
 std::string wholeText(double value) {
@@ -216,6 +209,18 @@ private:
 };
 
 }  // namespace
+
+std::optional<double> bitsPerSecond(const std::string& rate) {
+    std::string number = rate;
+    double unit = 1;
+    if (!number.empty() && (number.back() == 'k' || number.back() == 'M')) {
+        unit = number.back() == 'k' ? 1e3 : 1e6;
+        number.pop_back();
+    }
+    const auto value = positiveNumber(number, kMostBitsPerSecond / unit);
+    if (!value || *value * unit < 1) return std::nullopt;
+    return *value * unit;
+}
 
 Parsed parseArguments(const std::vector<std::string>& arguments) {
     return Reader(arguments).read();

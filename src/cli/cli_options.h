@@ -58,6 +58,10 @@ struct Parsed {
 // Reads the arguments after the program name.
 Parsed parseArguments(const std::vector<std::string>& arguments);
 
+// Bits per second of a rate as ffmpeg takes it ("900k", "1.5M", "64000"), from 1 bit/s up to
+// 2000M; none for anything else.
+std::optional<double> bitsPerSecond(const std::string& rate);
+
 // The help text, with examples.
 std::string helpText();
 

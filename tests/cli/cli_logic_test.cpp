@@ -74,6 +74,10 @@ TEST(CliOptions, NumbersNotFiniteOrBeyondWhatFfmpegHoldsAreBadUsage) {
                                     "--bufsize", "2000M", "--minrate", "1", "a.mp4"});
     EXPECT_EQ(largest.compress.targetMb, 1000000.0);
     EXPECT_EQ(largest.compress.bufferSize, "2000M");
+    // What an estimate of an average bit rate reads of it.
+    EXPECT_EQ(bitsPerSecond("900k"), 900000.0);
+    EXPECT_EQ(bitsPerSecond("1.5M"), 1500000.0);
+    EXPECT_FALSE(bitsPerSecond("1.5G"));
 }
 
 TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
