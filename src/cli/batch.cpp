@@ -105,9 +105,17 @@ private:
     ComplexityProfile sampledProfile(const JobEnd& end, const SourceFacts& facts,
                                      long long videoRate) {
         if (!facts.seconds) return {};
-        return measureComplexity(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe),
-                                 end.source, *facts.seconds, videoRate, audioBytesPerSecond(facts),
-                                 stops_);
+        const ComplexityProfile profile =
+            measureComplexity(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe), end.source,
+                              *facts.seconds, videoRate, audioBytesPerSecond(facts), stops_);
+        // An average bit rate is what the encoder holds to, more closely than a short sample,
+        // whose rate control has not settled, shows; the samples still tell where it spends it.
+        const auto averageRate = options_.compress.method == Method::Abr
+                                     ? bitsPerSecond(options_.compress.bitRate)
+                                     : std::nullopt;
+        if (!averageRate || profile.empty()) return profile;
+        return profile.withVideoBytes(*averageRate / 8 * *facts.seconds,
+                                      audioBytesPerSecond(facts));
     }
 
     double audioBytesPerSecond(const SourceFacts& facts) const {
@@ -120,15 +128,9 @@ private:
         if (stops_.requested()) return endedAs(end, JobEnd::Status::Stopped, "stopped");
         if (profile.empty()) return failed(end, "ffmpeg could not encode a sample of it");
         const double seconds = profile.seconds();
-        // An average bit rate is what the encoder holds to, more closely than a short sample,
-        // whose rate control has not settled, shows.
-        const auto averageRate = options_.compress.method == Method::Abr
-                                     ? bitsPerSecond(options_.compress.bitRate)
-                                     : std::nullopt;
         end.predictedBytes =
-            twoPass()     ? *options_.compress.targetMb * kBytesPerMb * TargetSearch::kAimedShare
-            : averageRate ? (*averageRate / 8 + audioBytesPerSecond(facts)) * seconds
-                          : profile.bytesBetween(0, seconds);
+            twoPass() ? *options_.compress.targetMb * kBytesPerMb * TargetSearch::kAimedShare
+                      : profile.bytesBetween(0, seconds);
         const double work = profile.workBetween(0, seconds) * (twoPass() ? kTwoPassWork : 1);
         if (work > 0) end.predictedSeconds = work;
         end.message = "about " + megabytesText(*end.predictedBytes) +

@@ -95,6 +95,19 @@ double ComplexityProfile::workBetween(double from, double to) const {
     return integral(from, to, [](const Part& part) { return part.workPerSecond; });
 }
 
+ComplexityProfile ComplexityProfile::withVideoBytes(double videoBytes,
+                                                    double audioBytesPerSecond) const {
+    const double audio = audioBytesPerSecond * seconds();
+    const double video = bytesBetween(0, seconds()) - audio;
+    if (!(video > 0)) return *this;
+    std::vector<Part> parts = parts_;
+    for (Part& part : parts) {
+        part.bytesPerSecond =
+            (part.bytesPerSecond - audioBytesPerSecond) * videoBytes / video + audioBytesPerSecond;
+    }
+    return ComplexityProfile(std::move(parts));
+}
+
 ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
                                      const SourceBytes& source, double seconds,
                                      double audioBytesPerSecond, int keyInterval) {

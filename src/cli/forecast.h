@@ -45,6 +45,9 @@ public:
     double bytesBetween(double from, double to) const;
     double workBetween(double from, double to) const;
     double seconds() const { return parts_.empty() ? 0 : parts_.back().end; }
+    // The same shape with the picture's bytes scaled to `videoBytes` in all and the sound's
+    // (`audioBytesPerSecond`) as they are: for an encoder that holds to an average rate.
+    ComplexityProfile withVideoBytes(double videoBytes, double audioBytesPerSecond) const;
     bool empty() const { return parts_.empty(); }
 
 private:

@@ -92,6 +92,11 @@ TEST(Forecast, EachStretchFollowsTheSourceAtTheRateOfTheSampleOfItsOwnScene) {
     // the nearer simple one at the simple one's rate.
     EXPECT_NEAR(profile.bytesBetween(40, 50), 10 * (busy + 20000), 1);
     EXPECT_NEAR(profile.bytesBetween(50, 100), 50 * (busy + 20000), 1);
+    // Held to an average rate, the picture keeps its shape and the sound its bytes.
+    const ComplexityProfile held = profile.withVideoBytes(1e6, 20000);
+    EXPECT_NEAR(held.bytesBetween(0, 100), 1e6 + 100 * 20000, 1e-3);
+    EXPECT_NEAR((held.bytesBetween(50, 100) - 50 * 20000) / 1e6,
+                50 * busy / (profile.bytesBetween(0, 100) - 100 * 20000), 1e-9);
     // A sample whose cost is unknown costs what the others cost on average.
     EXPECT_NEAR(profile.workBetween(0, 40), 40 * 0.5, 1e-9);
     EXPECT_NEAR(profile.workBetween(90, 100), 10 * 1.0, 1e-9);
