@@ -4,7 +4,8 @@
 # the running job projects at 10%, 25% and 50% done. Errors are (foretold - real) / real in percent.
 # The encoding time of a job is its seconds less those of the estimate, which does the same probe
 # and samples.
-# Usage: bench/cli_forecast_accuracy.sh [CLIP...]   (all when none; builds into build-bench/)
+# Usage: bench/cli_forecast_accuracy.sh [CLIP...]   (all when none; builds into build-bench/;
+# BENCH_MODES="crf20 abr" runs only those modes)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 source "$top/bench/cli_bench_setup.sh"
@@ -20,7 +21,7 @@ printf "%-10s %-6s %9s | %8s %8s | %7s %8s | %8s %8s %8s\n" clip mode "real MB" 
     "real s" "est s" "at 10%" "at 25%" "at 50%"
 for clip in "${clips[@]}"; do
     make_clip "$clip"
-    for mode in crf20 crf28 abr; do
+    for mode in ${BENCH_MODES:-crf20 crf28 abr}; do
         case $mode in
             crf20) options=(--method crf --crf 20) ;;
             crf28) options=(--method crf --crf 28) ;;
