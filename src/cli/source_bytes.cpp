@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <sstream>
 
+#include "cli/key_value_lines.h"
 #include "tools/exact_number.h"
 
 namespace quillet::cli {
@@ -34,18 +34,11 @@ SourceBytes parsePacketAnswer(const std::string& answer) {
     std::optional<double> presented;
     std::optional<double> decoded;
     double size = -1;  // none yet
-    std::istringstream lines(answer);
-    std::string line;
     const auto number = [](const std::string& text) -> std::optional<double> {
         auto value = exactNumber<double>(text);
         return value && std::isfinite(*value) && *value >= 0 ? value : std::nullopt;
     };
-    while (std::getline(lines, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        const std::size_t equals = line.find('=');
-        if (equals == std::string::npos) continue;
-        const std::string key = line.substr(0, equals);
-        const std::string value = line.substr(equals + 1);
+    forEachKeyValue(answer, [&](const std::string& key, const std::string& value) {
         if (key == "pts_time") {
             presented = number(value);
         } else if (key == "dts_time") {
@@ -63,7 +56,7 @@ SourceBytes parsePacketAnswer(const std::string& answer) {
             decoded.reset();
             size = -1;
         }
-    }
+    });
     return SourceBytes(plain.size() * 2 > all.size() ? std::move(plain) : std::move(all));
 }
 

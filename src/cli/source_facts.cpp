@@ -1,11 +1,11 @@
 #include "cli/source_facts.h"
 
-#include "cli/job_progress.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <sstream>
+
+#include "cli/job_progress.h"
+#include "cli/key_value_lines.h"
 
 namespace quillet::cli {
 
@@ -24,15 +24,8 @@ constexpr double kHighestVideoBitsPerSecond = 2000e6;
 
 SourceFacts parseProbeAnswer(const std::string& answer) {
     SourceFacts facts;
-    std::istringstream lines(answer);
-    std::string line;
     std::string codec;
-    while (std::getline(lines, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        const std::size_t equals = line.find('=');
-        if (equals == std::string::npos) continue;
-        const std::string key = line.substr(0, equals);
-        const std::string value = line.substr(equals + 1);
+    forEachKeyValue(answer, [&](const std::string& key, const std::string& value) {
         if (key == "codec_name") {
             codec = value;
         } else if (key == "codec_type") {
@@ -49,7 +42,7 @@ SourceFacts parseProbeAnswer(const std::string& answer) {
                 facts.seconds = seconds;
             }
         }
-    }
+    });
     return facts;
 }
 
