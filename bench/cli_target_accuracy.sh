@@ -58,8 +58,10 @@ for clip in "${clips[@]}"; do
     done
 done
 # Two passes: how many landed in the window (0 to 2% under), how many were over, and the means.
-awk '{ e = $9 + 0; n++; runs += $10; cost += $12
+# A job refused before any encode (a target the audio alone exceeds) is left out of the means.
+awk '$10 == "-" { refused++; next }
+     { e = $9 + 0; n++; runs += $10; cost += $12
        if ($9 ~ /%$/ && e <= 0 && e >= -2) inside++; if ($9 ~ /%$/ && e > 0) over++
        one = $5 + 0; if (n == 1 || one < lo) lo = one; if (n == 1 || one > hi) hi = one }
-     END { printf "two passes: %d of %d within 2%% under, %d over; mean %.2f runs, mean cost %.2f encodes\n", inside, n, over, runs / n, cost / n
+     END { printf "two passes: %d of %d within 2%% under, %d over (%d refused); mean %.2f runs, mean cost %.2f encodes\n", inside, n, over, refused, runs / n, cost / n
            printf "one pass: from %+.1f%% to %+.1f%%\n", lo, hi }' "$rows"
