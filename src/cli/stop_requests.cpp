@@ -29,6 +29,9 @@ void listenForStops() {
 // The signals are blocked in every thread and taken by one thread of their own, so no handler ever
 // runs at an arbitrary point.
 void listenForStops() {
+    // A reader that goes away ("| head") must not end the companion in the middle of a job, with
+    // its partial output and working files left behind: the writes fail quietly instead.
+    ::signal(SIGPIPE, SIG_IGN);
     sigset_t stops;
     sigemptyset(&stops);
     sigaddset(&stops, SIGINT);
