@@ -26,12 +26,6 @@ using Clock = std::chrono::steady_clock;
 // fastest preset, then the second pass, and often a correction of it.
 constexpr double kTwoPassWork = 2.0;
 
-long long fileSize(const fs::path& path) {
-    std::error_code error;
-    const auto size = fs::file_size(path, error);
-    return error ? 0 : static_cast<long long>(size);
-}
-
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }

@@ -90,6 +90,12 @@ fs::path partialOutput(const fs::path& output) {
     return output.parent_path() / partial;
 }
 
+long long fileSize(const fs::path& path) {
+    std::error_code error;
+    const auto size = fs::file_size(path, error);
+    return error ? 0 : static_cast<long long>(size);
+}
+
 bool finishOutput(const fs::path& partial, const fs::path& output) {
     std::error_code error;
     fs::rename(partial, output, error);

@@ -32,6 +32,9 @@ OutputPlan planOutput(const std::filesystem::path& source, const std::string& ou
 // only by a finished job, and a job that fails or is stopped leaves neither.
 std::filesystem::path partialOutput(const std::filesystem::path& output);
 
+// The size of a file in bytes; 0 when it cannot be had.
+long long fileSize(const std::filesystem::path& path);
+
 // Puts `partial` in `output`'s place, replacing what is there; false when the system refuses.
 bool finishOutput(const std::filesystem::path& partial, const std::filesystem::path& output);
 

@@ -17,12 +17,6 @@ namespace {
 // How many times the second pass may run, the first included.
 constexpr int kSecondPassesAllowed = 3;
 
-double fileBytes(const fs::path& path) {
-    std::error_code error;
-    const auto size = fs::file_size(path, error);
-    return error ? 0 : static_cast<double>(size);
-}
-
 // The first pass's pace along the source: each stretch between two progress reports costs what it
 // took. The second pass does the same work with more care, so its time left follows this shape.
 class PaceRecord {
@@ -76,7 +70,8 @@ RunOutcome secondPasses(const TwoPassJob& job, long long rate, double audioBytes
         job.secondPassStarts(rate * *job.facts.seconds / 8 + audioBytes, pace);
         outcome = job.encode(secondPassArguments(job.options, job.files, rate, audio), folder, {});
         if (!outcome.succeeded() || job.stops.requested()) break;
-        if (search.record(rate, fileBytes(output))) setAside = finishOutput(output, best);
+        if (search.record(rate, static_cast<double>(fileSize(output))))
+            setAside = finishOutput(output, best);
         if (!setAside || search.finished()) break;
         rate = search.nextRate();
     }
@@ -109,7 +104,7 @@ RunOutcome twoPassEncode(const TwoPassJob& job, long long firstRate, std::string
         job.encode(firstPassArguments(job.options, job.files, firstRate, audio), folder.path(),
                    [&](const Progress& progress) { pace.take(progress); });
     if (!outcome.succeeded() || job.stops.requested()) return outcome;
-    const double audioBytes = audio ? fileBytes(folder.path() / kPassAudio) : 0;
+    const double audioBytes = audio ? static_cast<double>(fileSize(folder.path() / kPassAudio)) : 0;
     const TargetRate rate =
         targetRate(*job.options.compress.targetMb, *job.facts.seconds, audioBytes * 8);
     if (!rate.refusal.empty()) {
