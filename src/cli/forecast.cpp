@@ -8,40 +8,41 @@ namespace quillet::cli {
 namespace {
 
 constexpr int kMostSamples = 12;
-constexpr double kShortestSample = 0.25;  // seconds
-constexpr double kLongestSample = 2.0;    // seconds: enough to learn from, on a long source
-constexpr double kSourceWindow = 2.0;     // seconds, at least
+constexpr double kShortestSample = 0.5;  // seconds: shorter ones miss by a fifth either way
+constexpr double kLongestSample = 2.0;   // seconds: enough to learn from, on a long source
+constexpr double kSourceWindow = 2.0;    // seconds, at least
 constexpr double kMostParts = 600;
 constexpr double kForecastWeight = 0.1;  // of the whole, what the samples weigh in a projection
 constexpr double kTrustedBytes = 1048576;
 
-// What one sample's pictures cost: a plain picture, a key picture, and how many a second.
+// What one sample's pictures cost: a plain picture, and a key picture.
 struct PictureCost {
     double plainBytes;
     double keyBytes;
-    double perSecond;
 };
 
-PictureCost pictureCost(const SampleMeasure& sample) {
-    const StreamTally& tally = sample.tally;
+PictureCost pictureCost(const StreamTally& tally) {
     const int plainPictures = tally.pictures - tally.keyPictures;
     const double plain = plainPictures > 0 ? (tally.bytes - tally.keyBytes) / plainPictures
                                            : tally.bytes / tally.pictures;
     const double key = tally.keyPictures > 0 ? tally.keyBytes / tally.keyPictures : plain;
-    return {plain, key, tally.pictures / sample.span.length};
+    return {plain, key};
 }
 
-// The picture's bytes per second, with a key picture every `keyInterval` pictures as in the
-// whole, rather than the one every sample starts with.
-double videoBytesPerSecond(const PictureCost& cost, int keyInterval) {
-    return cost.perSecond * (cost.plainBytes + (cost.keyBytes - cost.plainBytes) / keyInterval);
+// Of the whole's `pictures`, the share of key pictures after its first: the encoder puts one at
+// the start and another every `keyInterval` pictures, the last a few before that count, and none
+// among the last few pictures of the source (as measured with libx265's own interval).
+double laterKeyShare(double pictures, int keyInterval) {
+    constexpr double kKeyLead = 4;  // pictures
+    if (!(pictures > kKeyLead) || keyInterval < 1) return 0;
+    return std::floor((pictures - kKeyLead) / keyInterval) / pictures;
 }
 
-// What one sample tells of the stretch around it.
+// What one sample tells of the stretch around it, per picture.
 struct SampleRates {
     double middle;       // seconds into the source
-    double sourceBytes;  // the source's picture bytes per second around it
-    double videoBytes;   // the output's picture bytes per second
+    double sourceBytes;  // the source's picture bytes around it
+    double videoBytes;   // the output's picture bytes, with key pictures as often as in the whole
     std::optional<double> work;
 };
 
@@ -110,56 +111,81 @@ ComplexityProfile ComplexityProfile::withVideoBytes(double videoBytes,
 
 ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
                                      const SourceBytes& source, double seconds,
-                                     double audioBytesPerSecond, int keyInterval) {
+                                     double audioBytesPerSecond, double startWork,
+                                     int keyInterval) {
     if (!(seconds > 0) || !std::isfinite(seconds)) return {};
-    // The source's bytes per second over a window short enough to follow its scenes. Without
-    // packets, every stretch is alike.
-    const double window = std::max(kSourceWindow, seconds / kMostParts);
-    const auto sourceRate = [&](double middle) {
-        if (source.empty()) return 1.0;
-        const double from = std::clamp(middle - window / 2, 0.0, std::max(0.0, seconds - window));
-        return source.between(from, from + window) / window;
-    };
-    std::vector<SampleRates> rates;
-    std::optional<PictureCost> first;
-    double knownWork = 0;
-    int workKnown = 0;
+    std::vector<const SampleMeasure*> usable;
+    double samplePictureRate = 0;  // per second, as the samples' own runs had them
     for (const SampleMeasure& sample : samples) {
         if (sample.tally.pictures == 0 || !(sample.span.length > 0)) continue;
-        const PictureCost cost = pictureCost(sample);
-        if (!first) first = cost;
-        // The source over the sample's own span, which the sample encoded.
-        const double sourceBytes =
-            source.empty()
-                ? 1.0
-                : source.between(sample.span.start, sample.span.start + sample.span.length) /
-                      sample.span.length;
-        rates.push_back({sample.span.start + sample.span.length / 2, sourceBytes,
-                         videoBytesPerSecond(cost, keyInterval), sample.workPerSecond});
-        if (sample.workPerSecond) {
-            knownWork += *sample.workPerSecond;
+        usable.push_back(&sample);
+        samplePictureRate += sample.tally.pictures / sample.span.length;
+    }
+    if (usable.empty()) return {};
+    samplePictureRate /= static_cast<double>(usable.size());
+    // Pictures and their bytes are counted in the source, over a window short enough to follow
+    // its scenes and long enough that the count of pictures is steady. Without packets, every
+    // stretch is alike and has as many pictures as the samples had.
+    const double window = std::max(kSourceWindow, seconds / kMostParts);
+    const auto windowAround = [&](double middle) {
+        const double from = std::clamp(middle - window / 2, 0.0, std::max(0.0, seconds - window));
+        return std::pair(from, from + window);
+    };
+    const auto bytesPerPicture = [&](double from, double to) {
+        const double pictures = source.picturesBetween(from, to);
+        return pictures > 0 ? source.between(from, to) / pictures : 1.0;
+    };
+    const auto picturesPerSecond = [&](double middle) {
+        const auto [from, to] = windowAround(middle);
+        const double pictures = source.picturesBetween(from, to);
+        return pictures > 0 ? pictures / (to - from) : samplePictureRate;
+    };
+    const double wholePictures =
+        source.empty() ? seconds * samplePictureRate : source.picturesBetween(0, seconds + window);
+    const double keyShare = laterKeyShare(wholePictures, keyInterval);
+
+    std::vector<SampleRates> rates;
+    double knownWork = 0;
+    int workKnown = 0;
+    for (const SampleMeasure* sample : usable) {
+        const PictureCost cost = pictureCost(sample->tally);
+        const double middle = sample->span.start + sample->span.length / 2;
+        // The source over the sample's own span, which the sample encoded; a span too short to
+        // hold a picture of the source's takes the window around it.
+        const std::pair span(sample->span.start, sample->span.start + sample->span.length);
+        const auto [from, to] =
+            source.picturesBetween(span.first, span.second) > 0 ? span : windowAround(middle);
+        rates.push_back({middle, bytesPerPicture(from, to),
+                         cost.plainBytes + (cost.keyBytes - cost.plainBytes) * keyShare,
+                         sample->workPerPicture});
+        if (sample->workPerPicture) {
+            knownWork += *sample->workPerPicture;
             ++workKnown;
         }
     }
-    if (rates.empty()) return {};
     const int count = std::max(1, static_cast<int>(std::round(seconds / window)));
     const double length = seconds / count;
     std::vector<ComplexityProfile::Part> parts;
     for (int i = 0; i < count; ++i) {
         const double middle = (i + 0.5) * length;
-        const double source = sourceRate(middle);
-        const SampleRates& sample = standIn(rates, middle, source);
+        const auto [from, to] = windowAround(middle);
+        const double sourceBytes = bytesPerPicture(from, to);
+        const SampleRates& sample = standIn(rates, middle, sourceBytes);
         // The output follows the source's bytes at the rate the sample of its scene compresses
         // them; where neither spent any, at the sample's own.
-        const double video = sample.sourceBytes > 0 && source > 0
-                                 ? sample.videoBytes * source / sample.sourceBytes
+        const double video = sample.sourceBytes > 0 && sourceBytes > 0
+                                 ? sample.videoBytes * sourceBytes / sample.sourceBytes
                                  : sample.videoBytes;
         // A sample whose cost is unknown costs what the others cost on average.
         const double work = sample.work.value_or(workKnown > 0 ? knownWork / workKnown : 0);
-        parts.push_back({i * length, (i + 1) * length, video + audioBytesPerSecond, work});
+        const double pictures = picturesPerSecond(middle);
+        parts.push_back({i * length, (i + 1) * length, pictures * video + audioBytesPerSecond,
+                         pictures * work});
     }
-    // The whole starts with a key picture of its own.
-    parts.front().bytesPerSecond += (first->keyBytes - first->plainBytes) / length;
+    // The whole starts with a key picture of its own, and with starting the encoder.
+    const PictureCost first = pictureCost(usable.front()->tally);
+    parts.front().bytesPerSecond += (first.keyBytes - first.plainBytes) / length;
+    parts.front().workPerSecond += startWork / length;
     return ComplexityProfile(std::move(parts));
 }
 

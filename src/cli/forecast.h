@@ -18,16 +18,15 @@ struct SampleSpan {
 inline constexpr double kSampledShare = 0.05;
 
 // Up to a dozen samples spread evenly over `seconds`, one in the middle of each equal part,
-// none shorter than a quarter of a second unless the whole share is shorter, none longer than two.
+// none shorter than half a second unless the whole share is shorter, none longer than two.
 std::vector<SampleSpan> sampleSpans(double seconds);
 
 // What one sample came to.
 struct SampleMeasure {
     SampleSpan span;
     StreamTally tally;
-    // Seconds the encoder took per second of source, as it counts them or else from ffmpeg's
-    // progress once under way; unknown when neither told.
-    std::optional<double> workPerSecond;
+    // Seconds the encoder took per picture; unknown when its run did not tell.
+    std::optional<double> workPerPicture;
 };
 
 // The source's cost along its length: each sample stands for the equal part of the source around
@@ -59,11 +58,13 @@ private:
 // The whole output's size and encoding time along the source's `seconds`, foretold from the
 // samples and from where the source itself spends its bytes: the samples tell how the output's
 // bytes and the encoder's time follow the source's bytes, and the source's bytes tell the rest.
-// A sample starts with a key picture however still its content, so the whole is given one every
-// `keyInterval` pictures instead, as the encoder does, and one at its start.
+// A sample starts with a key picture however still its content, so the whole is given one at its
+// start and one every `keyInterval` pictures after, as the encoder does. `startWork` is what
+// starting the encoder costs, which the whole spends once at its start.
 ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
                                      const SourceBytes& source, double seconds,
-                                     double audioBytesPerSecond, int keyInterval = 250);
+                                     double audioBytesPerSecond, double startWork = 0,
+                                     int keyInterval = 250);
 
 // Where a running job will end: its final size and the seconds it still needs.
 struct Projection {

@@ -48,7 +48,7 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
     const std::vector<SampleSpan> spans = sampleSpans(seconds);
     if (spans.empty()) return {};
     // What starting and stopping cost, which a whole job spends once and each sample again: the
-    // processor time of a sample of a single picture.
+    // processor time of a sample of a single picture, mostly spent on one processor.
     const double startCost = encodeSpan({spans.front().start, 0}).processorSeconds;
     std::vector<SampleMeasure> measures;
     for (const SampleSpan& span : spans) {
@@ -56,14 +56,14 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
         if (stops.requested()) return {};
         if (!outcome.succeeded()) continue;
         const StreamTally tally = tallyStream(contentsOf(stream));
-        // The key picture a sample starts with costs the encoder about its share of the bytes;
-        // the whole has one in hundreds of pictures.
-        const double plainShare = tally.bytes > 0 ? 1 - tally.keyBytes / tally.bytes : 1;
-        const double work = std::max(0.0, outcome.processorSeconds - startCost) * plainShare;
-        measures.push_back({span, tally, work / span.length / busyProcessors()});
+        if (tally.pictures == 0) continue;
+        // The single picture's run took the starting and the sample's key picture.
+        const double work = std::max(0.0, outcome.processorSeconds - startCost);
+        const int laterPictures = std::max(1, tally.pictures - 1);
+        measures.push_back({span, tally, work / laterPictures / busyProcessors()});
     }
     return profileFromSamples(measures, parsePacketAnswer(packets.output), seconds,
-                              audioBytesPerSecond);
+                              audioBytesPerSecond, startCost);
 }
 
 }  // namespace quillet::cli

@@ -12,25 +12,33 @@ namespace quillet::cli {
 SourceBytes::SourceBytes(std::vector<Packet> packets) {
     std::sort(packets.begin(), packets.end(),
               [](const Packet& a, const Packet& b) { return a.time < b.time; });
+    const auto keys = std::count_if(packets.begin(), packets.end(),
+                                    [](const Packet& packet) { return packet.key; });
+    const bool mostlyKeys = static_cast<std::size_t>(keys) * 2 >= packets.size();
     before_.push_back(0);
     for (const Packet& packet : packets) {
         times_.push_back(packet.time);
-        before_.push_back(before_.back() + packet.bytes);
+        before_.push_back(before_.back() + (packet.key && !mostlyKeys ? 0 : packet.bytes));
     }
 }
 
+std::ptrdiff_t SourceBytes::indexOf(double time) const {
+    return std::lower_bound(times_.begin(), times_.end(), time) - times_.begin();
+}
+
 double SourceBytes::between(double from, double to) const {
-    const auto index = [&](double time) {
-        return std::lower_bound(times_.begin(), times_.end(), time) - times_.begin();
-    };
     if (times_.empty() || !(to > from)) return 0;
-    return before_[static_cast<std::size_t>(index(to))] -
-           before_[static_cast<std::size_t>(index(from))];
+    return before_[static_cast<std::size_t>(indexOf(to))] -
+           before_[static_cast<std::size_t>(indexOf(from))];
+}
+
+double SourceBytes::picturesBetween(double from, double to) const {
+    if (times_.empty() || !(to > from)) return 0;
+    return static_cast<double>(indexOf(to) - indexOf(from));
 }
 
 SourceBytes parsePacketAnswer(const std::string& answer) {
-    std::vector<SourceBytes::Packet> plain;
-    std::vector<SourceBytes::Packet> all;
+    std::vector<SourceBytes::Packet> packets;
     std::optional<double> presented;
     std::optional<double> decoded;
     double size = -1;  // none yet
@@ -49,15 +57,14 @@ SourceBytes parsePacketAnswer(const std::string& answer) {
             // The last of a packet's entries.
             const auto time = presented ? presented : decoded;
             if (time && size >= 0) {
-                all.push_back({*time, size});
-                if (value.find('K') == std::string::npos) plain.push_back({*time, size});
+                packets.push_back({*time, size, value.find('K') != std::string::npos});
             }
             presented.reset();
             decoded.reset();
             size = -1;
         }
     });
-    return SourceBytes(plain.size() * 2 > all.size() ? std::move(plain) : std::move(all));
+    return SourceBytes(std::move(packets));
 }
 
 }  // namespace quillet::cli

@@ -60,15 +60,17 @@ TEST(Forecast, SamplesAreSpreadAndTakeAtMostTheirShareOfTheRunningTime) {
         EXPECT_LT(spans.front().start, seconds / spans.size());
         EXPECT_GT(spans.back().start, seconds - seconds / spans.size());
     }
-    EXPECT_EQ(sampleSpans(30).size(), 6u);
+    EXPECT_EQ(sampleSpans(30).size(), 3u);
     EXPECT_EQ(sampleSpans(36000).back().length, 2.0);  // a long film is not sampled for minutes
     for (const double none : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
         EXPECT_TRUE(sampleSpans(none).empty()) << none;
     }
 }
 
-// A sample of 25 pictures in a second: one key picture of `keyBytes`, the others of `plainBytes`.
+// A sample of 25 pictures in a second: one key picture of `keyBytes`, the others of `plainBytes`;
+// the encoder took `work` seconds for it.
 SampleMeasure sample(double start, double plainBytes, double keyBytes, std::optional<double> work) {
+    if (work) *work /= 25;
     return {{start, 1.0}, {25, 1, keyBytes + 24 * plainBytes, keyBytes}, work};
 }
 
@@ -83,10 +85,10 @@ TEST(Forecast, EachStretchFollowsTheSourceAtTheRateOfTheSampleOfItsOwnScene) {
                            SourceBytes(packets), 100, 20000);
     ASSERT_FALSE(profile.empty());
     EXPECT_DOUBLE_EQ(profile.seconds(), 100);
-    // A sample's key picture is spread as one in 250 pictures, not taken for its content, and the
-    // whole gets one more at its start.
-    const double simple = 25 * (20 + (2000 - 20) / 250.0);
-    const double busy = 25 * (90 + (9000 - 90) / 250.0);
+    // A sample's key picture is not taken for its content: the whole's 2,500 pictures get one at
+    // the start and nine after it, one every 250 but not among the last few.
+    const double simple = 25 * (20 + (2000 - 20) * 9 / 2500.0);
+    const double busy = 25 * (90 + (9000 - 90) * 9 / 2500.0);
     EXPECT_NEAR(profile.bytesBetween(0, 40), 40 * (simple + 20000) + 1980, 1);
     // The stretch from the cut to halfway to the next sample follows the busy scene's sample, not
     // the nearer simple one at the simple one's rate.
@@ -100,6 +102,10 @@ TEST(Forecast, EachStretchFollowsTheSourceAtTheRateOfTheSampleOfItsOwnScene) {
     // A sample whose cost is unknown costs what the others cost on average.
     EXPECT_NEAR(profile.workBetween(0, 40), 40 * 0.5, 1e-9);
     EXPECT_NEAR(profile.workBetween(90, 100), 10 * 1.0, 1e-9);
+    // Twenty seconds have two key pictures, not three; starting the encoder is paid once.
+    const auto brief = profileFromSamples({sample(10, 20, 2000, 0.5)}, SourceBytes(), 20, 0, 3);
+    EXPECT_NEAR(brief.bytesBetween(0, 20), 500 * 20 + 2 * (2000 - 20), 1e-6);
+    EXPECT_NEAR(brief.workBetween(0, 20), 20 * 0.5 + 3, 1e-9);
     // Samples with no picture are left out; with none left there is no profile.
     EXPECT_TRUE(profileFromSamples({{{10, 1}, {}, 1.0}}, SourceBytes(packets), 100, 0).empty());
 }
