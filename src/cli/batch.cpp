@@ -91,8 +91,10 @@ private:
 
     // The video rate that leaves room for the audio's nominal size within the target size.
     TargetRate videoRateBeside(const SourceFacts& facts) const {
-        return targetRate(*options_.compress.targetMb, *facts.seconds,
-                          facts.hasAudio ? audioBitsAt(options_.audioKbps, *facts.seconds) : 0);
+        return targetRate(
+            *options_.compress.targetMb, *facts.seconds,
+            facts.hasAudio ? audioBitsAt(options_.audioKbps.value_or(kStereoKbps), *facts.seconds)
+                           : 0);
     }
 
     // The source's cost along its length, from samples encoded as the job will encode it.
@@ -113,7 +115,7 @@ private:
     }
 
     double audioBytesPerSecond(const SourceFacts& facts) const {
-        return facts.hasAudio ? options_.audioKbps * 1000.0 / 8 : 0;
+        return facts.hasAudio ? options_.audioKbps.value_or(kStereoKbps) * 1000.0 / 8 : 0;
     }
 
     // What a job would come to, from its samples; nothing is written.

@@ -112,9 +112,9 @@ constexpr OptionRow kOptions[] = {
      [](Options& o, Value v) { return wholeInto(o.compress.lookAhead, v, 0, 250); }},
     {"--preset", true, [](Options& o, Value v) { return assign(o.preset, v); }},
     {"--audio-bitrate", true,
-     [](Options& o, Value v) { return wholeInto(o.audioKbps, v, 8, 640); }},
+     [](Options& o, Value v) { return wholeInto(o.audioKbps.emplace(), v, 8, 640); }},
     {"--sample-rate", true,
-     [](Options& o, Value v) { return wholeInto(o.sampleRate, v, 8000, 384000); }},
+     [](Options& o, Value v) { return wholeInto(o.sampleRate.emplace(), v, 8000, 384000); }},
     {"--quality", true, [](Options& o, Value v) { return wholeInto(o.mp3Quality, v, 1, 9); }},
     {"--mp3", true,
      [](Options& o, Value v) {

@@ -28,17 +28,20 @@ struct CompressSettings {
     int lookAhead = defaults::numberOf(defaults::kLookAhead);
 };
 
+// The audio rate of a stereo track when none is asked for, in kbit/s.
+inline constexpr int kStereoKbps = defaults::numberOf(defaults::kStartup.audioBitRate);
+
 struct Options {
     Command command = Command::Compress;
     CompressSettings compress;
     std::string preset = defaults::kStartup.preset;
-    int audioKbps = defaults::numberOf(defaults::kStartup.audioBitRate);
-    int sampleRate = defaults::numberOf(defaults::kSampleRate);
-    int mp3Quality = defaults::kMp3Quality;                 // mp3, and scale when given
-    std::optional<int> scaleCrf;                            // scale: a rate factor of its own
-    bool scaleMp3 = false;                                  // scale: the audio to MP3 too
-    int height = 480;                                       // scale: 240, 360, 480 or 720
-    int fps = 0;                                            // fps: the new rate, required
+    std::optional<int> audioKbps;            // every audio track's; unset: grows with its channels
+    std::optional<int> sampleRate;           // unset: each audio track keeps its own
+    int mp3Quality = defaults::kMp3Quality;  // mp3, and scale when given
+    std::optional<int> scaleCrf;             // scale: a rate factor of its own
+    bool scaleMp3 = false;                   // scale: the audio to MP3 too
+    int height = 480;                        // scale: 240, 360, 480 or 720
+    int fps = 0;                             // fps: the new rate, required
     std::vector<std::pair<std::string, std::string>> tags;  // tags: key and value, in order
     std::string outputFolder;                               // empty: beside each source
     ExistingOutput existing = ExistingOutput::Skip;

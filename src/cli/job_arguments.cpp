@@ -28,13 +28,13 @@ std::string kbps(int value) {
 // The audio of the compression methods and the frame-rate tool: AAC at the rate and sample rate
 // asked for.
 void aacAudio(Words& words, const Options& options) {
-    add(words, {"-c:a", "aac", "-b:a", kbps(options.audioKbps), "-ar",
-                std::to_string(options.sampleRate)});
+    add(words, {"-c:a", "aac", "-b:a", kbps(options.audioKbps.value_or(kStereoKbps))});
+    if (options.sampleRate) add(words, {"-ar", std::to_string(*options.sampleRate)});
 }
 
 void mp3Audio(Words& words, const Options& options) {
-    add(words, {"-codec:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality), "-ar",
-                std::to_string(options.sampleRate)});
+    add(words, {"-codec:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality)});
+    if (options.sampleRate) add(words, {"-ar", std::to_string(*options.sampleRate)});
 }
 
 std::string scaleFilter(int height) {

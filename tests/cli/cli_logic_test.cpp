@@ -94,7 +94,7 @@ TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
     };
     expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
            {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-c:a", "aac", "-b:a",
-            "160k", "-ar", "44100", "-y", files.output},
+            "160k", "-y", files.output},
            700000);
     // Two passes: the audio is encoded by the first, measured, and copied by the second.
     const Options tfs = parsed({"compress", "--method", "tfs", "--target-mb", "50", "x"});
@@ -119,8 +119,6 @@ TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
                         "aac",
                         "-b:a",
                         "160k",
-                        "-ar",
-                        "44100",
                         "-y",
                         "audio.m4a"}));
     EXPECT_EQ(secondPassArguments(tfs, files, 650000, true),
@@ -131,24 +129,24 @@ TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
               withHead({"-c:v", "libx265", "-preset", "veryfast", "-b:v", "650000", "-x265-params",
                         "pass=2:stats=passlog", "-y", files.output}));
     expect({"compress", "--crf", "24", "--preset", "slow", "--overwrite", "x"},
-           {"-c:v", "libx265", "-crf", "24", "-preset", "slow", "-c:a", "aac", "-b:a", "160k",
-            "-ar", "44100", "-y", files.output});
+           {"-c:v", "libx265", "-crf", "24", "-preset", "slow", "-c:a", "aac", "-b:a", "160k", "-y",
+            files.output});
     expect({"compress", "--method", "abr", "--bitrate", "1.5M", "--sample-rate", "48000", "x"},
            {"-c:v", "libx265",  "-preset", "veryfast", "-b:v", "1.5M",      "-minrate",
             "1.1M", "-maxrate", "2.0M",    "-bufsize", "1.1M", "-c:a",      "aac",
             "-b:a", "160k",     "-ar",     "48000",    "-y",   files.output});
     expect({"compress", "--method", "qp", "--qp", "30", "--lookahead", "10", "x"},
            {"-c:v", "libx265", "-x265-params", "qp=30:rc-lookahead=10", "-preset", "veryfast",
-            "-c:a", "aac", "-b:a", "160k", "-ar", "44100", "-y", files.output});
+            "-c:a", "aac", "-b:a", "160k", "-y", files.output});
     expect({"mp3", "--quality", "2", "x"},
            {"-c:v", "libx265", "-crf", "20", "-preset", "veryfast", "-codec:a", "libmp3lame",
-            "-qscale:a", "2", "-ar", "44100", "-y", files.output});
+            "-qscale:a", "2", "-y", files.output});
     expect({"scale", "--height", "720", "--crf", "30", "--mp3", "7", "x"},
            {"-c:v", "libx265", "-crf", "30", "-vf", "scale=1280:720,setsar=1:1", "-codec:a",
-            "libmp3lame", "-qscale:a", "7", "-ar", "44100", "-y", files.output});
+            "libmp3lame", "-qscale:a", "7", "-y", files.output});
     expect({"fps", "--fps", "24", "x"},
            {"-c:v", "libx265", "-filter:v", "fps=24", "-preset", "veryfast", "-c:a", "aac", "-b:a",
-            "160k", "-ar", "44100", "-y", files.output});
+            "160k", "-y", files.output});
     expect({"tags", "--tag", "title=A \"b\" c", "--tag", "year=2026", "x"},
            {"-map", "0", "-c", "copy", "-metadata", "title=A \"b\" c", "-metadata", "year=2026",
             "-y", files.output});
