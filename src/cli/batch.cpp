@@ -7,6 +7,7 @@
 #include "cli/batch_report.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
+#include "cli/kept_streams.h"
 #include "cli/output_plan.h"
 #include "cli/sample_encoder.h"
 #include "cli/source_facts.h"
@@ -60,7 +61,7 @@ private:
             {}, stops_, {}, true);
         const SourceFacts facts = parseProbeAnswer(probe.output);
         if (options_.command == Command::Probe) return probed(end, probe, facts);
-        if (!probe.succeeded() || !facts.hasVideo) {
+        if (!probe.succeeded() || !facts.hasVideo()) {
             return failed(end, "not a video ffprobe can read:" + lastLinesOf(probe));
         }
         long long videoRate = 0;
@@ -91,10 +92,8 @@ private:
 
     // The video rate that leaves room for the audio's nominal size within the target size.
     TargetRate videoRateBeside(const SourceFacts& facts) const {
-        return targetRate(
-            *options_.compress.targetMb, *facts.seconds,
-            facts.hasAudio ? audioBitsAt(options_.audioKbps.value_or(kStereoKbps), *facts.seconds)
-                           : 0);
+        return targetRate(*options_.compress.targetMb, *facts.seconds,
+                          audioBitsAt(soundKbps(options_, facts), *facts.seconds));
     }
 
     // The source's cost along its length, from samples encoded as the job will encode it.
@@ -103,7 +102,7 @@ private:
         if (!facts.seconds) return {};
         const ComplexityProfile profile =
             measureComplexity(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe), end.source,
-                              *facts.seconds, videoRate, audioBytesPerSecond(facts), stops_);
+                              facts, videoRate, audioBytesPerSecond(facts), stops_);
         // An average bit rate is what the encoder holds to, more closely than a short sample,
         // whose rate control has not settled, shows; the samples still tell where it spends it.
         const auto averageRate = options_.compress.method == Method::Abr
@@ -115,7 +114,7 @@ private:
     }
 
     double audioBytesPerSecond(const SourceFacts& facts) const {
-        return facts.hasAudio ? options_.audioKbps.value_or(kStereoKbps) * 1000.0 / 8 : 0;
+        return soundKbps(options_, facts) * 1000.0 / 8;
     }
 
     // What a job would come to, from its samples; nothing is written.
@@ -181,11 +180,17 @@ private:
             view.profile = sampledProfile(end, facts, videoRate);
             started = Clock::now();
             if (!stops_.requested()) {
-                outcome = runEncoder(jobArguments(options_, files, videoRate), {}, show({}));
+                outcome = runEncoder(jobArguments(options_, files, facts, videoRate), {}, show({}));
             }
         }
         ended(end, outcome, partial, output);
-        if (end.status == JobEnd::Status::Done) end.message = note;
+        if (end.status == JobEnd::Status::Done) {
+            for (const std::string& kept :
+                 keepingNotes(options_, facts, utf8Of(output.extension()))) {
+                note += (note.empty() ? "" : "; ") + kept;
+            }
+            end.message = note;
+        }
         return end;
     }
 

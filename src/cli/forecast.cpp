@@ -12,7 +12,7 @@ constexpr double kShortestSample = 0.5;  // seconds: shorter ones miss by a fift
 constexpr double kLongestSample = 2.0;   // seconds: enough to learn from, on a long source
 constexpr double kSourceWindow = 2.0;    // seconds, at least
 constexpr double kMostParts = 600;
-constexpr double kForecastWeight = 0.1;  // of the whole, what the samples weigh in a projection
+constexpr double kForecastWeight = 1.0;  // of the whole, what the samples weigh in a projection
 constexpr double kTrustedBytes = 1048576;
 
 // What one sample's pictures cost: a plain picture, and a key picture.
@@ -197,9 +197,9 @@ std::optional<Projection> project(const ComplexityProfile& profile, double encod
     Projection projection{profile.bytesBetween(0, whole), profile.workBetween(0, whole)};
     // What the job has written so far says how far off the samples are, and the profile how the
     // rest compares with what is done. Early on, the written bytes say little: ffmpeg tells them
-    // as the file grows, in steps of a quarter of a megabyte, and the pictures the encoder holds
-    // back are not in them yet; so they count only from a megabyte on, and as much as the
-    // samples once they are a tenth of what the samples foretell for the whole.
+    // as the file grows, in steps of a quarter of a megabyte, and the seconds done run ahead of
+    // them by the pictures the encoder holds back (the sound is done first); so they count only
+    // from a megabyte on, and as much as the samples once they are all the samples foretell.
     const double weight = kForecastWeight * projection.finalBytes;
     const double bytesDone = profile.bytesBetween(0, done);
     if (bytesWritten >= kTrustedBytes && bytesDone + weight > 0) {

@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "cli/kept_streams.h"
+
 namespace quillet::cli {
 
 namespace {
@@ -21,20 +23,17 @@ std::string fixedSeconds(double seconds) {
     return text;
 }
 
-std::string kbps(int value) {
-    return std::to_string(value) + "k";
+void add(Words& words, const Words& more) {
+    words.insert(words.end(), more.begin(), more.end());
 }
 
-// The audio of the compression methods and the frame-rate tool: AAC at the rate and sample rate
-// asked for.
-void aacAudio(Words& words, const Options& options) {
-    add(words, {"-c:a", "aac", "-b:a", kbps(options.audioKbps.value_or(kStereoKbps))});
-    if (options.sampleRate) add(words, {"-ar", std::to_string(*options.sampleRate)});
-}
-
-void mp3Audio(Words& words, const Options& options) {
-    add(words, {"-codec:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality)});
-    if (options.sampleRate) add(words, {"-ar", std::to_string(*options.sampleRate)});
+// The ending of the output's name, which tells ffmpeg the container.
+std::string endingOf(const std::string& output) {
+    const std::size_t dot = output.find_last_of('.');
+    const std::size_t folder = output.find_last_of("/\\");
+    return dot == std::string::npos || (folder != std::string::npos && dot < folder)
+               ? std::string()
+               : output.substr(dot);
 }
 
 std::string scaleFilter(int height) {
@@ -127,28 +126,33 @@ void compressVideo(Words& words, const Options& options, long long videoBitsPerS
 
 }  // namespace
 
-Words jobArguments(const Options& options, const JobFiles& files, long long videoBitsPerSecond) {
+Words jobArguments(const Options& options, const JobFiles& files, const SourceFacts& facts,
+                   long long videoBitsPerSecond) {
     Words words = runHead(files);
+    const std::string ending = endingOf(files.output);
     switch (options.command) {
         case Command::Compress:
         case Command::Estimate:
             compressVideo(words, options, videoBitsPerSecond);
-            aacAudio(words, options);
+            add(words, pictureArguments(options, facts));
+            add(words, keptStreamArguments(options, facts, ending, SoundCodec::Aac));
             break;
         case Command::Mp3:
             crfVideo(words, options);
-            mp3Audio(words, options);
+            add(words, pictureArguments(options, facts));
+            add(words, keptStreamArguments(options, facts, ending, SoundCodec::Mp3));
             break;
         case Command::Scale:
             add(words, {"-c:v", "libx265"});
             if (options.scaleCrf) add(words, {"-crf", std::to_string(*options.scaleCrf)});
-            add(words, {"-vf", scaleFilter(options.height)});
-            if (options.scaleMp3) mp3Audio(words, options);
+            add(words, pictureArguments(options, facts, {scaleFilter(options.height)}));
+            add(words, keptStreamArguments(options, facts, ending,
+                                           options.scaleMp3 ? SoundCodec::Mp3 : SoundCodec::Aac));
             break;
         case Command::Fps:
-            add(words, {"-c:v", "libx265", "-filter:v", "fps=" + std::to_string(options.fps),
-                        "-preset", options.preset});
-            aacAudio(words, options);
+            add(words, {"-c:v", "libx265", "-preset", options.preset});
+            add(words, pictureArguments(options, facts, {"fps=" + std::to_string(options.fps)}));
+            add(words, keptStreamArguments(options, facts, ending, SoundCodec::Aac));
             break;
         case Command::Tags:
             add(words, {"-map", "0", "-c", "copy"});
@@ -163,41 +167,46 @@ Words jobArguments(const Options& options, const JobFiles& files, long long vide
     return words;
 }
 
-Words firstPassArguments(const Options& options, const JobFiles& files,
-                         long long videoBitsPerSecond, bool withAudio) {
+Words firstPassArguments(const Options& options, const JobFiles& files, const SourceFacts& facts,
+                         long long videoBitsPerSecond) {
     Words words = runHead(files);
-    add(words, {"-map", "0:v:0"});
+    add(words, {"-map", "0:V:0"});
     firstPassVideo(words, options, videoBitsPerSecond);
+    add(words, pictureArguments(options, facts));
     add(words, {"-f", "null", "-"});
-    if (withAudio) {
-        add(words, {"-map", "0:a:0", "-vn"});
-        aacAudio(words, options);
+    if (facts.hasAudio()) {
+        add(words, soundArguments(options, facts));
         add(words, {"-y", kPassAudio});
     }
     return words;
 }
 
-Words secondPassArguments(const Options& options, const JobFiles& files,
-                          long long videoBitsPerSecond, bool withAudio) {
+Words secondPassArguments(const Options& options, const JobFiles& files, const SourceFacts& facts,
+                          long long videoBitsPerSecond) {
     Words words = runHead(files);
-    if (withAudio) add(words, {"-i", kPassAudio, "-map", "0:v:0", "-map", "1:a:0"});
+    const bool soundMeasured = facts.hasAudio();
+    if (soundMeasured) add(words, {"-i", kPassAudio});
     targetSizeVideo(words, options, videoBitsPerSecond);
     add(words, {"-x265-params", passStatistics(2)});
-    if (withAudio) add(words, {"-c:a", "copy"});
+    add(words, pictureArguments(options, facts));
+    add(words, keptStreamArguments(options, facts, endingOf(files.output),
+                                   soundMeasured ? SoundCodec::Copy : SoundCodec::Aac,
+                                   soundMeasured ? 1 : 0));
     output(words, files);
     return words;
 }
 
-Words sampleArguments(const Options& options, const JobFiles& files, double start, double length,
-                      long long videoBitsPerSecond) {
+Words sampleArguments(const Options& options, const JobFiles& files, const SourceFacts& facts,
+                      double start, double length, long long videoBitsPerSecond) {
     // Seeking before the input decodes only from the key picture before the sample.
     Words words = {files.ffmpeg, "-hide_banner", "-v",  "warning",          "-nostats",
                    "-progress",  "pipe:1",       "-ss", fixedSeconds(start)};
     // A length of 0: a single picture.
     if (length > 0) add(words, {"-t", fixedSeconds(length)});
-    add(words, {"-i", files.source, "-map", "0:v:0"});
+    add(words, {"-i", files.source, "-map", "0:V:0"});
     if (length <= 0) add(words, {"-frames:v", "1"});
     compressVideo(words, options, videoBitsPerSecond);
+    add(words, pictureArguments(options, facts));
     add(words, {"-an", "-f", "hevc", "-y", files.output});
     return words;
 }
@@ -207,7 +216,7 @@ Words packetArguments(const std::string& ffprobe, const std::string& source) {
             "-v",
             "error",
             "-select_streams",
-            "v:0",
+            "V:0",
             "-show_entries",
             "packet=pts_time,dts_time,size,flags",
             "-of",
@@ -220,7 +229,8 @@ Words probeArguments(const std::string& ffprobe, const std::string& source) {
             "-v",
             "error",
             "-show_entries",
-            "format=duration:stream=index,codec_type,codec_name,width,height",
+            "format=duration:stream=index,codec_type,codec_name,width,height,pix_fmt,channels,"
+            "sample_rate:stream_disposition=attached_pic",
             "-of",
             "default=noprint_wrappers=1",
             source};

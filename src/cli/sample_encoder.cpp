@@ -32,7 +32,7 @@ double busyProcessors() {
 
 ComplexityProfile measureComplexity(const Options& options, const std::string& ffmpeg,
                                     const std::string& ffprobe, const std::string& source,
-                                    double seconds, long long videoBitsPerSecond,
+                                    const SourceFacts& facts, long long videoBitsPerSecond,
                                     double audioBytesPerSecond, StopRequests& stops) {
     const RunOutcome packets =
         runTool(ProgramCall{ffprobe, packetArguments(ffprobe, source)}, {}, stops, {}, true);
@@ -41,10 +41,11 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
     const std::filesystem::path stream = folder.path() / "sample.hevc";
     const JobFiles files{ffmpeg, source, utf8Of(stream)};
     const auto encodeSpan = [&](const SampleSpan& span) {
-        return runTool(ProgramCall{ffmpeg, sampleArguments(options, files, span.start, span.length,
-                                                           videoBitsPerSecond)},
+        return runTool(ProgramCall{ffmpeg, sampleArguments(options, files, facts, span.start,
+                                                           span.length, videoBitsPerSecond)},
                        {}, stops, {});
     };
+    const double seconds = facts.seconds.value_or(0);
     const std::vector<SampleSpan> spans = sampleSpans(seconds);
     if (spans.empty()) return {};
     // What starting and stopping cost, which a whole job spends once and each sample again: the

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "cli/job_progress.h"
 #include "cli/key_value_lines.h"
+#include "tools/exact_number.h"
 
 namespace quillet::cli {
 
@@ -22,25 +22,54 @@ constexpr double kHighestVideoBitsPerSecond = 2000e6;
 
 }  // namespace
 
+const StreamFacts* SourceFacts::picture() const {
+    for (const StreamFacts& stream : streams) {
+        if (stream.type == "video" && !stream.attachedPicture) return &stream;
+    }
+    return nullptr;
+}
+
+std::vector<const StreamFacts*> SourceFacts::audioTracks() const {
+    std::vector<const StreamFacts*> tracks;
+    for (const StreamFacts& stream : streams) {
+        if (stream.type == "audio") tracks.push_back(&stream);
+    }
+    return tracks;
+}
+
 SourceFacts parseProbeAnswer(const std::string& answer) {
     SourceFacts facts;
-    std::string codec;
+    const auto whole = [](const std::string& value) {
+        return std::max(0, exactNumber<int>(value).value_or(0));
+    };
     forEachKeyValue(answer, [&](const std::string& key, const std::string& value) {
-        if (key == "codec_name") {
-            codec = value;
-        } else if (key == "codec_type") {
-            facts.streams.push_back(value + " " + codec);
-            facts.hasVideo = facts.hasVideo || value == "video";
-            facts.hasAudio = facts.hasAudio || value == "audio";
-        } else if ((key == "width" || key == "height") && facts.hasVideo) {
-            int& size = key == "width" ? facts.width : facts.height;
-            if (size == 0) size = std::atoi(value.c_str());
-        } else if (key == "duration") {
-            char* end = nullptr;
-            const double seconds = std::strtod(value.c_str(), &end);
-            if (end != value.c_str() && *end == '\0' && std::isfinite(seconds) && seconds > 0) {
-                facts.seconds = seconds;
-            }
+        if (key == "index") {
+            facts.streams.emplace_back();  // each stream's entries start with its index
+            return;
+        }
+        if (key == "duration") {
+            const auto seconds = exactNumber<double>(value);
+            if (seconds && std::isfinite(*seconds) && *seconds > 0) facts.seconds = seconds;
+            return;
+        }
+        if (facts.streams.empty()) return;
+        StreamFacts& stream = facts.streams.back();
+        if (key == "codec_type") {
+            stream.type = value;
+        } else if (key == "codec_name") {
+            stream.codec = value;
+        } else if (key == "width") {
+            stream.width = whole(value);
+        } else if (key == "height") {
+            stream.height = whole(value);
+        } else if (key == "pix_fmt") {
+            stream.pixelFormat = value;
+        } else if (key == "channels") {
+            stream.channels = whole(value);
+        } else if (key == "sample_rate") {
+            stream.sampleRate = whole(value);
+        } else if (key == "DISPOSITION:attached_pic") {
+            stream.attachedPicture = value == "1";
         }
     });
     return facts;
@@ -48,12 +77,18 @@ SourceFacts parseProbeAnswer(const std::string& answer) {
 
 std::string describeFacts(const SourceFacts& facts) {
     std::string text = "running time " + (facts.seconds ? clockText(*facts.seconds) : "unknown");
-    if (facts.width > 0 && facts.height > 0) {
-        text += ", picture " + std::to_string(facts.width) + " x " + std::to_string(facts.height);
+    if (const StreamFacts* picture = facts.picture(); picture && picture->width > 0) {
+        text +=
+            ", picture " + std::to_string(picture->width) + " x " + std::to_string(picture->height);
     }
     text += ", streams:";
     for (std::size_t i = 0; i < facts.streams.size(); ++i) {
-        text += (i == 0 ? " " : ", ") + facts.streams[i];
+        const StreamFacts& stream = facts.streams[i];
+        text += (i == 0 ? " " : ", ") + stream.type + " " + stream.codec;
+        if (stream.attachedPicture) text += " cover picture";
+        if (!stream.pixelFormat.empty()) text += " " + stream.pixelFormat;
+        if (stream.channels > 0) text += " " + std::to_string(stream.channels) + " channels";
+        if (stream.sampleRate > 0) text += " " + std::to_string(stream.sampleRate) + " Hz";
     }
     return text;
 }

@@ -64,11 +64,11 @@ RunOutcome secondPasses(const TwoPassJob& job, long long rate, double audioBytes
     fs::path best = output;
     best += pathFromUtf8(".best");
     bool setAside = true;  // the best attempt so far is where it belongs
-    const bool audio = job.facts.hasAudio;
     RunOutcome outcome;
     for (;;) {
         job.secondPassStarts(rate * *job.facts.seconds / 8 + audioBytes, pace);
-        outcome = job.encode(secondPassArguments(job.options, job.files, rate, audio), folder, {});
+        outcome =
+            job.encode(secondPassArguments(job.options, job.files, job.facts, rate), folder, {});
         if (!outcome.succeeded() || job.stops.requested()) break;
         if (search.record(rate, static_cast<double>(fileSize(output))))
             setAside = finishOutput(output, best);
@@ -98,13 +98,13 @@ RunOutcome secondPasses(const TwoPassJob& job, long long rate, double audioBytes
 RunOutcome twoPassEncode(const TwoPassJob& job, long long firstRate, std::string& note) {
     // The statistics and the audio live in a folder of their own.
     const ScratchFolder folder("passes");
-    const bool audio = job.facts.hasAudio;
     PaceRecord pace;
     RunOutcome outcome =
-        job.encode(firstPassArguments(job.options, job.files, firstRate, audio), folder.path(),
+        job.encode(firstPassArguments(job.options, job.files, job.facts, firstRate), folder.path(),
                    [&](const Progress& progress) { pace.take(progress); });
     if (!outcome.succeeded() || job.stops.requested()) return outcome;
-    const double audioBytes = audio ? static_cast<double>(fileSize(folder.path() / kPassAudio)) : 0;
+    const double audioBytes =
+        job.facts.hasAudio() ? static_cast<double>(fileSize(folder.path() / kPassAudio)) : 0;
     const TargetRate rate =
         targetRate(*job.options.compress.targetMb, *job.facts.seconds, audioBytes * 8);
     if (!rate.refusal.empty()) {

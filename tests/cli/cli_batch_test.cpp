@@ -5,6 +5,7 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -65,8 +66,9 @@ protected:
         return text.str();
     }
 
-    // A folder and a report per test, as the tests run side by side.
-    const std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    // A folder and a report per test and per run, as tests and checkouts run side by side.
+    const std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name() +
+                             std::string("-") + std::to_string(getpid());
     const fs::path folder = fs::temp_directory_path() / ("quillet-cli-" + name);
     const fs::path report = fs::temp_directory_path() / ("quillet-cli-" + name + ".txt");
 };
@@ -109,7 +111,8 @@ TEST_F(CliBatch, ATargetTheAudioAloneExceedsIsRefusedBeforeFfmpegRuns) {
 TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
     makeClip("long.mp4", 120);
     const pid_t cli = start({"compress", "--json", "--preset", "slow", folder.string()});
-    const auto deadline = std::chrono::steady_clock::now() + 30s;
+    // The job samples the source first, which on a busy machine takes a while.
+    const auto deadline = std::chrono::steady_clock::now() + 90s;
     while (reported().find("\"progress\"") == std::string::npos &&
            std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(50ms);

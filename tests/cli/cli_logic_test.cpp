@@ -82,74 +82,61 @@ TEST(CliOptions, NumbersNotFiniteOrBeyondWhatFfmpegHoldsAreBadUsage) {
 
 TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
     const JobFiles files{"/t/ffmpeg", "/v/a b.mp4", "/v/Compressed-a b.mp4"};
+    const SourceFacts facts = parseProbeAnswer(
+        "index=0\ncodec_type=video\nwidth=640\nheight=360\npix_fmt=yuv420p\n"
+        "index=1\ncodec_type=audio\nchannels=2\nsample_rate=48000\nduration=10\n");
     const Words head = {"/t/ffmpeg", "-hide_banner", "-v", "warning",   "-nostats",
                         "-progress", "pipe:1",       "-i", "/v/a b.mp4"};
-    const auto withHead = [&](const Words& rest) {
+    const Words timing = {"-fps_mode", "passthrough"};
+    const Words streams = {"-map", "0:V:0", "-map", "0:a:0"};
+    const auto withHead = [&](std::initializer_list<Words> parts) {
         Words whole = head;
-        whole.insert(whole.end(), rest.begin(), rest.end());
+        for (const Words& part : parts) whole.insert(whole.end(), part.begin(), part.end());
         return whole;
     };
-    const auto expect = [&](const Words& arguments, const Words& rest, long long rate = 0) {
-        EXPECT_EQ(jobArguments(parsed(arguments), files, rate), withHead(rest));
+    const auto expect = [&](const Words& arguments, const Words& video, const Words& audio,
+                            long long rate = 0) {
+        EXPECT_EQ(jobArguments(parsed(arguments), files, facts, rate),
+                  withHead({video, timing, streams, audio, {"-y", files.output}}));
     };
+    const Words aac = {"-c:a", "aac", "-b:a:0", "160k"};
     expect({"compress", "--method", "tfs", "--target-mb", "50", "x"},
-           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000", "-c:a", "aac", "-b:a",
-            "160k", "-y", files.output},
-           700000);
-    // Two passes: the audio is encoded by the first, measured, and copied by the second.
+           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "700000"}, aac, 700000);
+    // Two passes: the sound is encoded by the first, measured, and copied by the second.
     const Options tfs = parsed({"compress", "--method", "tfs", "--target-mb", "50", "x"});
-    EXPECT_EQ(firstPassArguments(tfs, files, 700000, true),
-              withHead({"-map",
-                        "0:v:0",
-                        "-c:v",
-                        "libx265",
-                        "-preset",
-                        "ultrafast",
-                        "-b:v",
-                        "700000",
-                        "-x265-params",
-                        "pass=1:stats=passlog:bframes=4:weightp=1:scenecut=40:rc-lookahead=6",
-                        "-f",
-                        "null",
-                        "-",
-                        "-map",
-                        "0:a:0",
-                        "-vn",
-                        "-c:a",
-                        "aac",
-                        "-b:a",
-                        "160k",
-                        "-y",
-                        "audio.m4a"}));
-    EXPECT_EQ(secondPassArguments(tfs, files, 650000, true),
-              withHead({"-i", "audio.m4a", "-map", "0:v:0", "-map", "1:a:0", "-c:v", "libx265",
-                        "-preset", "veryfast", "-b:v", "650000", "-x265-params",
-                        "pass=2:stats=passlog", "-c:a", "copy", "-y", files.output}));
-    EXPECT_EQ(secondPassArguments(tfs, files, 650000, false),
-              withHead({"-c:v", "libx265", "-preset", "veryfast", "-b:v", "650000", "-x265-params",
-                        "pass=2:stats=passlog", "-y", files.output}));
+    EXPECT_EQ(firstPassArguments(tfs, files, facts, 700000),
+              withHead({{"-map", "0:V:0", "-c:v", "libx265", "-preset", "ultrafast", "-b:v",
+                         "700000", "-x265-params",
+                         "pass=1:stats=passlog:bframes=4:weightp=1:scenecut=40:rc-lookahead=6"},
+                        timing,
+                        {"-f", "null", "-", "-map", "0:a"},
+                        aac,
+                        {"-y", "audio.m4a"}}));
+    EXPECT_EQ(secondPassArguments(tfs, files, facts, 650000),
+              withHead({{"-i", "audio.m4a", "-c:v", "libx265", "-preset", "veryfast", "-b:v",
+                         "650000", "-x265-params", "pass=2:stats=passlog"},
+                        timing,
+                        {"-map", "0:V:0", "-map", "1:a:0", "-c:a", "copy", "-y", files.output}}));
     expect({"compress", "--crf", "24", "--preset", "slow", "--overwrite", "x"},
-           {"-c:v", "libx265", "-crf", "24", "-preset", "slow", "-c:a", "aac", "-b:a", "160k", "-y",
-            files.output});
+           {"-c:v", "libx265", "-crf", "24", "-preset", "slow"}, aac);
     expect({"compress", "--method", "abr", "--bitrate", "1.5M", "--sample-rate", "48000", "x"},
-           {"-c:v", "libx265",  "-preset", "veryfast", "-b:v", "1.5M",      "-minrate",
-            "1.1M", "-maxrate", "2.0M",    "-bufsize", "1.1M", "-c:a",      "aac",
-            "-b:a", "160k",     "-ar",     "48000",    "-y",   files.output});
+           {"-c:v", "libx265", "-preset", "veryfast", "-b:v", "1.5M", "-minrate", "1.1M",
+            "-maxrate", "2.0M", "-bufsize", "1.1M"},
+           {"-c:a", "aac", "-b:a:0", "160k", "-ar", "48000"});
     expect({"compress", "--method", "qp", "--qp", "30", "--lookahead", "10", "x"},
-           {"-c:v", "libx265", "-x265-params", "qp=30:rc-lookahead=10", "-preset", "veryfast",
-            "-c:a", "aac", "-b:a", "160k", "-y", files.output});
-    expect({"mp3", "--quality", "2", "x"},
-           {"-c:v", "libx265", "-crf", "20", "-preset", "veryfast", "-codec:a", "libmp3lame",
-            "-qscale:a", "2", "-y", files.output});
+           {"-c:v", "libx265", "-x265-params", "qp=30:rc-lookahead=10", "-preset", "veryfast"},
+           aac);
+    expect({"mp3", "--quality", "2", "x"}, {"-c:v", "libx265", "-crf", "20", "-preset", "veryfast"},
+           {"-c:a", "libmp3lame", "-qscale:a", "2"});
     expect({"scale", "--height", "720", "--crf", "30", "--mp3", "7", "x"},
-           {"-c:v", "libx265", "-crf", "30", "-vf", "scale=1280:720,setsar=1:1", "-codec:a",
-            "libmp3lame", "-qscale:a", "7", "-y", files.output});
-    expect({"fps", "--fps", "24", "x"},
-           {"-c:v", "libx265", "-filter:v", "fps=24", "-preset", "veryfast", "-c:a", "aac", "-b:a",
-            "160k", "-y", files.output});
-    expect({"tags", "--tag", "title=A \"b\" c", "--tag", "year=2026", "x"},
-           {"-map", "0", "-c", "copy", "-metadata", "title=A \"b\" c", "-metadata", "year=2026",
-            "-y", files.output});
+           {"-c:v", "libx265", "-crf", "30", "-vf", "scale=1280:720,setsar=1:1"},
+           {"-c:a", "libmp3lame", "-qscale:a", "7"});
+    expect({"fps", "--fps", "24", "x"}, {"-c:v", "libx265", "-preset", "veryfast", "-vf", "fps=24"},
+           aac);
+    EXPECT_EQ(jobArguments(parsed({"tags", "--tag", "title=A \"b\" c", "--tag", "year=2026", "x"}),
+                           files, facts),
+              withHead({{"-map", "0", "-c", "copy", "-metadata", "title=A \"b\" c", "-metadata",
+                         "year=2026", "-y", files.output}}));
 }
 
 TEST(OutputPlan, ExistingOutputsAreSkippedReplacedOrRenamedAndTheSourceIsNeverWritten) {
@@ -249,9 +236,13 @@ TEST(JobProgress, ASpeedOrRunningTimeThatIsNoFiniteNumberIsNullOrLeftOut) {
 TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
     const SourceFacts facts = parseProbeAnswer(
         "index=0\r\ncodec_name=h264\r\ncodec_type=video\r\nwidth=1920\r\nheight=1080\r\n"
-        "index=1\ncodec_name=aac\ncodec_type=audio\nduration=65.5\n");
+        "pix_fmt=yuv420p\r\nDISPOSITION:attached_pic=0\r\n"
+        "index=1\ncodec_name=aac\ncodec_type=audio\nsample_rate=48000\nchannels=6\n"
+        "index=2\ncodec_name=mjpeg\ncodec_type=video\nwidth=600\nheight=600\n"
+        "DISPOSITION:attached_pic=1\nduration=65.5\n");
     EXPECT_EQ(describeFacts(facts),
-              "running time 0:01:05, picture 1920 x 1080, streams: video h264, audio aac");
+              "running time 0:01:05, picture 1920 x 1080, streams: video h264 yuv420p, audio aac "
+              "6 channels 48000 Hz, video mjpeg cover picture");
     EXPECT_FALSE(parseProbeAnswer("duration=N/A\n").seconds);
     // 10 MB over 100 s leaves 0.99 x 838,861 bit/s beside 160 kbit/s of audio for the picture.
     const double audio = audioBitsAt(160, 100);

@@ -135,17 +135,17 @@ TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {
     ASSERT_TRUE(start);
     EXPECT_DOUBLE_EQ(start->finalBytes, 250 * kMb);
     // A quarter done at twice the bytes and half the time the samples said. The time left scales
-    // so; the bytes written weigh against a tenth of the samples' whole (25 MB), as they are
-    // told late and in steps.
+    // so; the bytes written weigh against the samples' whole (250 MB), as they are told late
+    // and in steps.
     const auto quarter = project(profile, 25, 50 * kMb, 12.5);
     ASSERT_TRUE(quarter);
-    EXPECT_DOUBLE_EQ(quarter->finalBytes, (50 + (50.0 + 25) / (25 + 25) * 225) * kMb);
+    EXPECT_DOUBLE_EQ(quarter->finalBytes, (50 + (50.0 + 250) / (25 + 250) * 225) * kMb);
     EXPECT_DOUBLE_EQ(quarter->secondsLeft, 0.5 * 225);
-    // Half done at twice the bytes: they outweigh the samples. The rate so far would have said
+    // Half done at 2.5 times the bytes: they pull the rest up. The rate so far would have said
     // 500 MB, and a quarter done 200, while the content still to come costs more.
     const auto half = project(profile, 50, 250 * kMb, 25);
     ASSERT_TRUE(half);
-    EXPECT_DOUBLE_EQ(half->finalBytes, (250 + (250.0 + 25) / (100 + 25) * 150) * kMb);
+    EXPECT_DOUBLE_EQ(half->finalBytes, (250 + (250.0 + 250) / (100 + 250) * 150) * kMb);
     // Less than a megabyte written says nothing yet: ffmpeg tells the size in steps.
     EXPECT_DOUBLE_EQ(project(profile, 10, 0.5 * kMb, 5)->finalBytes, 250 * kMb);
     const auto done = project(profile, 100, 480 * kMb, 90);  // the end: what was written
