@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/text_format.h"
+#include "cli/run_marks.h"
 #include "tools/utf8_paths.h"
 
 namespace quillet::cli {
@@ -19,6 +20,25 @@ constexpr std::array<std::string_view, 12> kVideoEndings = {
 bool isVideoName(const fs::path& path) {
     const std::string ending = lowerCaseAscii(path.extension().string());
     return std::find(kVideoEndings.begin(), kVideoEndings.end(), ending) != kVideoEndings.end();
+}
+
+fs::path outputFolderOf(const fs::path& source, const std::string& outputFolder) {
+    return outputFolder.empty() ? source.parent_path()
+                                : fs::absolute(pathFromUtf8(outputFolder)).lexically_normal();
+}
+
+const fs::path kOutputPrefix = pathFromUtf8("Compressed-");
+
+// Whether `name` is "Compressed-<stem> (N)<ending>" of a source named `stem` and `ending`.
+bool numberedOutput(const std::string& name, const std::string& stem, const std::string& ending) {
+    const std::string head = utf8Of(kOutputPrefix) + stem + " (";
+    const std::string tail = ")" + ending;
+    if (name.size() <= head.size() + tail.size() || !name.starts_with(head) ||
+        !name.ends_with(tail)) {
+        return false;
+    }
+    const std::string number = name.substr(head.size(), name.size() - head.size() - tail.size());
+    return number.find_first_not_of("0123456789") == std::string::npos;
 }
 
 bool sameFile(const fs::path& a, const fs::path& b) {
@@ -38,7 +58,8 @@ std::vector<fs::path> sourcesOf(const std::vector<std::string>& inputs,
             std::vector<fs::path> found;
             for (const fs::directory_entry& entry : fs::directory_iterator(path, error)) {
                 std::error_code ignored;
-                if (entry.is_regular_file(ignored) && isVideoName(entry.path())) {
+                if (entry.is_regular_file(ignored) && isVideoName(entry.path()) &&
+                    !isWorkingFile(entry.path())) {
                     found.push_back(entry.path());
                 }
             }
@@ -54,12 +75,50 @@ std::vector<fs::path> sourcesOf(const std::vector<std::string>& inputs,
     return sources;
 }
 
+std::vector<std::pair<fs::path, fs::path>> ownOutputs(const std::vector<fs::path>& sources,
+                                                      const std::string& outputFolder) {
+    std::vector<std::pair<fs::path, fs::path>> found;
+    const std::string prefix = utf8Of(kOutputPrefix);
+    for (const fs::path& candidate : sources) {
+        const std::string name = utf8Of(candidate.filename());
+        if (!name.starts_with(prefix)) continue;
+        for (const fs::path& source : sources) {
+            if (source == candidate ||
+                outputFolderOf(source, outputFolder) != candidate.parent_path()) {
+                continue;
+            }
+            if (name == prefix + utf8Of(source.filename()) ||
+                numberedOutput(name, utf8Of(source.stem()), utf8Of(source.extension()))) {
+                found.emplace_back(candidate, source);
+                break;
+            }
+        }
+    }
+    return found;
+}
+
+std::vector<fs::path> batchFolders(const std::vector<std::string>& inputs,
+                                   const std::string& outputFolder) {
+    std::vector<fs::path> folders;
+    const auto add = [&](const fs::path& folder) {
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {
+            folders.push_back(folder);
+        }
+    };
+    for (const std::string& input : inputs) {
+        std::error_code error;
+        const fs::path path = fs::absolute(pathFromUtf8(input), error).lexically_normal();
+        if (error) continue;
+        add(fs::is_directory(path, error) ? path : path.parent_path());
+    }
+    if (!outputFolder.empty()) add(outputFolderOf({}, outputFolder));
+    return folders;
+}
+
 OutputPlan planOutput(const fs::path& source, const std::string& outputFolder,
                       ExistingOutput existing) {
-    const fs::path folder = outputFolder.empty()
-                                ? source.parent_path()
-                                : fs::absolute(pathFromUtf8(outputFolder)).lexically_normal();
-    const fs::path name = pathFromUtf8("Compressed-") += source.filename();
+    const fs::path folder = outputFolderOf(source, outputFolder);
+    const fs::path name = fs::path(kOutputPrefix) += source.filename();
     OutputPlan plan{OutputPlan::Action::Write, folder / name, {}};
     std::error_code error;
     if (!fs::exists(plan.output, error)) return plan;
@@ -85,7 +144,7 @@ OutputPlan planOutput(const fs::path& source, const std::string& outputFolder,
 
 fs::path partialOutput(const fs::path& output) {
     fs::path partial = output.stem();
-    partial += pathFromUtf8(".quillet-partial");
+    partial += pathFromUtf8(std::string(kPartialTag) + runMark());
     partial += output.extension();
     return output.parent_path() / partial;
 }

@@ -3,12 +3,15 @@
 #include <random>
 #include <system_error>
 
+#include "cli/run_marks.h"
+
 namespace quillet::cli {
 
 ScratchFolder::ScratchFolder(const std::string& purpose) {
     std::error_code error;
     path_ = std::filesystem::temp_directory_path(error) /
-            ("quillet-cli-" + purpose + "-" + std::to_string(std::random_device{}()));
+            (std::string(kScratchPrefix) + purpose + runMark() + "-" +
+             std::to_string(std::random_device{}()));
     std::filesystem::create_directories(path_, error);
 }
 
