@@ -2,9 +2,12 @@
 // two-pass job, and JSON events that name each job the same way from start to end.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "cli/batch_report.h"
 #include "cli/display_width.h"
