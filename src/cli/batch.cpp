@@ -42,7 +42,10 @@ public:
     Batch(const Options& options, const Tools& tools, StopRequests& stops, BatchReport& report)
         : options_(options), tools_(tools), stops_(stops), report_(report) {}
 
-    JobEnd run(const fs::path& source) {
+    // The job at `index` (from 1) of a batch of `count`.
+    JobEnd run(const fs::path& source, int index, int count) {
+        index_ = index;
+        count_ = count;
         const auto started = Clock::now();
         encodes_ = 0;
         JobEnd end = probedAndEncoded(source);
@@ -149,7 +152,13 @@ private:
         const fs::path partial = partialOutput(output);
         const JobFiles files{utf8Of(tools_.ffmpeg), end.source, utf8Of(partial)};
         JobView view{utf8Of(source.filename()), facts.seconds, {}};
-        if (twoPass()) view.aimedBytes = *options_.compress.targetMb * kBytesPerMb;
+        view.source = end.source;
+        view.index = index_;
+        view.count = count_;
+        if (twoPass()) {
+            view.aimedBytes = *options_.compress.targetMb * kBytesPerMb;
+            view.pass = PassView{1, 1};
+        }
         auto started = Clock::now();
         const auto show = [&](const ProgressHandler& watch) {
             return [&, watch](const Progress& progress) {
@@ -171,6 +180,8 @@ private:
                                      return runEncoder(std::move(arguments), folder, show(watch));
                                  },
                                  [&](double aim, const ComplexityProfile& pace) {
+                                     const bool again = view.pass && view.pass->number == 2;
+                                     view.pass = PassView{2, again ? view.pass->tryNumber + 1 : 1};
                                      view.aimedBytes = aim;
                                      view.profile = pace;
                                      started = Clock::now();
@@ -252,6 +263,8 @@ private:
     StopRequests& stops_;
     BatchReport& report_;
     int encodes_ = 0;  // of the job under way
+    int index_ = 1;    // its place in the batch, from 1
+    int count_ = 1;    // the batch's jobs
 };
 
 }  // namespace
@@ -263,9 +276,10 @@ int runBatch(const Options& options, const Tools& tools, StopRequests& stops, st
     const std::vector<fs::path> sources = sourcesOf(options.inputs, problems);
     for (const std::string& problem : problems) report.problem(problem);
     Batch batch(options, tools, stops, report);
-    for (const fs::path& source : sources) {
+    const int count = static_cast<int>(sources.size());
+    for (int index = 1; index <= count; ++index) {
         if (stops.requested()) break;
-        report.finished(batch.run(source));
+        report.finished(batch.run(sources[index - 1], index, count));
     }
     report.summary(!problems.empty());
     if (stops.requested()) return kStopped;

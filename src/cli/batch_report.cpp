@@ -1,10 +1,24 @@
 #include "cli/batch_report.h"
 
+#include <algorithm>
+
+#include "cli/display_width.h"
+#include "cli/terminal_width.h"
+
 namespace quillet::cli {
 
+void BatchReport::overwriteLine(const std::string& text) {
+    const int columns = displayColumns(text);
+    std::fprintf(out_, "\r%s%*s", text.c_str(), std::max(0, lineColumns_ - columns), "");
+    lineColumns_ = columns;
+}
+
+// Blanks the line in place and leaves the cursor at its start, for what is written next.
 void BatchReport::clearLine() {
     if (!lineOpen_) return;
-    std::fputs("\r\x1b[K", out_);
+    overwriteLine("");
+    std::fputs("\r", out_);
+    std::fflush(out_);
     lineOpen_ = false;
 }
 
@@ -12,7 +26,7 @@ void BatchReport::progress(const JobView& job) {
     if (json_) {
         std::fprintf(out_, "%s\n", jsonUpdate(job).c_str());
     } else if (terminal_) {
-        std::fprintf(out_, "\r\x1b[K%s", terminalLine(job).c_str());
+        overwriteLine(terminalLine(job, terminalColumns(out_)));
         lineOpen_ = true;
     }
     std::fflush(out_);
@@ -39,10 +53,18 @@ void BatchReport::finished(const JobEnd& end) {
             ++failed_;
             break;
         case JobEnd::Status::Stopped:
+            ++stopped_;
             break;
     }
-    clearLine();
-    std::fprintf(out_, "%s\n", (json_ ? jsonEnd(end) : plainEnd(end)).c_str());
+    const std::string text = json_ ? jsonEnd(end) : plainEnd(end);
+    if (lineOpen_) {
+        // The job's line takes the place of its progress.
+        overwriteLine(text);
+        lineOpen_ = false;
+    } else {
+        std::fputs(text.c_str(), out_);
+    }
+    std::fputs("\n", out_);
     std::fflush(out_);
 }
 
@@ -60,20 +82,22 @@ void BatchReport::summary(bool inputProblems) {
                           : "";
         std::fprintf(out_,
                      "{\"event\":\"summary\",\"done\":%d,\"kept_source\":%d,\"skipped\":%d,"
-                     "\"failed\":%d,\"input_problems\":%s,\"bytes_saved\":%lld%s}\n",
-                     done_, keptSource_, skipped_, failed_, inputProblems ? "true" : "false",
-                     bytesSaved_, foretold.c_str());
+                     "\"failed\":%d,\"stopped\":%d,\"input_problems\":%s,\"bytes_saved\":%lld%s}\n",
+                     done_, keptSource_, skipped_, failed_, stopped_,
+                     inputProblems ? "true" : "false", bytesSaved_, foretold.c_str());
     } else {
         const std::string keptSource =
             keptSource_ > 0 ? ", " + std::to_string(keptSource_) + " kept the source (not smaller)"
                             : "";
+        const std::string stopped =
+            stopped_ > 0 ? ", " + std::to_string(stopped_) + " stopped" : "";
         // An estimate saves nothing; what it foretells in all is the news.
         const std::string outcome =
             foretold_ > 0 ? "about " + megabytesText(predictedBytes_) + " and " +
                                 clockText(predictedSeconds_) + " of encoding in all"
                           : megabytesText(static_cast<double>(bytesSaved_)) + " saved";
-        std::fprintf(out_, "%d done%s, %d skipped, %d failed, %s\n", done_, keptSource.c_str(),
-                     skipped_, failed_, outcome.c_str());
+        std::fprintf(out_, "%d done%s, %d skipped, %d failed%s, %s\n", done_, keptSource.c_str(),
+                     skipped_, failed_, stopped.c_str(), outcome.c_str());
     }
     std::fflush(out_);
 }

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <vector>
 
 #include "base/text_format.h"
+#include "cli/display_width.h"
 #include "tools/exact_number.h"
 
 namespace quillet::cli {
@@ -25,42 +27,29 @@ std::optional<double> shareDone(const JobView& job) {
     return std::clamp(job.progress.encodedSeconds / *job.runningSeconds, 0.0, 1.0);
 }
 
-// The length of the valid UTF-8 sequence that starts `text`, or 0 when its first byte starts none:
-// a stray continuation byte, a sequence cut short, an overlong form, a surrogate or a code point
-// above U+10FFFF.
-std::size_t utf8Length(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(0);
-    if (lead < 0x80) return 1;
-    std::size_t length = 0;
-    // The second byte's range depends on the lead; the bytes after it are always 80..BF.
-    unsigned char low = 0x80;
-    unsigned char high = 0xBF;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        if (lead == 0xE0) low = 0xA0;   // below: overlong
-        if (lead == 0xED) high = 0x9F;  // above: the surrogates
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        if (lead == 0xF0) low = 0x90;   // below: overlong
-        if (lead == 0xF4) high = 0x8F;  // above: past U+10FFFF
-    } else {
-        return 0;
-    }
-    if (text.size() < length || byte(1) < low || byte(1) > high) return 0;
-    for (std::size_t i = 2; i < length; ++i) {
-        if (byte(i) < 0x80 || byte(i) > 0xBF) return 0;
-    }
-    return length;
-}
-
 void appendEscape(std::string& quoted, unsigned code) {
     char escaped[16];
     std::snprintf(escaped, sizeof escaped, "\\u%04x", code);
     quoted += escaped;
 }
+
+// The terminal line's figures in the order they give way when the line is short of room.
+enum class Rank { Speed, Encoded, Written, Place, About, Left, Pass, Percent };
+
+struct Figure {
+    std::string text;
+    Rank rank;
+};
+
+// The columns the figures take, each with the two blanks before it.
+int columnsOf(const std::vector<Figure>& figures) {
+    int columns = 0;
+    for (const Figure& figure : figures) columns += 2 + displayColumns(figure.text);
+    return columns;
+}
+
+// The least the name is shortened to while there are figures that can give way to it.
+constexpr int kNameColumns = 20;
 
 }  // namespace
 
@@ -128,18 +117,39 @@ std::optional<Projection> projectionOf(const JobView& job) {
     return projection;
 }
 
-std::string terminalLine(const JobView& job) {
+std::string terminalLine(const JobView& job, int terminalColumns) {
     const Progress& progress = job.progress;
-    std::string line = job.name;
     const std::optional<double> share = shareDone(job);
-    if (share) line += "  " + fixed(*share * 100, 1) + "%";
-    line += "  " + clockText(progress.encodedSeconds);
-    if (progress.speed) line += "  " + fixed(*progress.speed, 2) + "x";
-    line += "  " + megabytesText(progress.bytesWritten);
-    if (const auto projection = projectionOf(job)) {
-        line += "  left " + clockText(projection->secondsLeft);
-        line += "  about " + megabytesText(projection->finalBytes);
+    std::vector<Figure> figures;
+    if (job.count > 1) {
+        figures.push_back(
+            {std::to_string(job.index) + " of " + std::to_string(job.count), Rank::Place});
     }
+    if (job.pass) {
+        figures.push_back(
+            {"pass " + std::to_string(job.pass->number) + "/2" +
+                 (job.pass->tryNumber > 1 ? " try " + std::to_string(job.pass->tryNumber)
+                                          : std::string()),
+             Rank::Pass});
+    }
+    if (share) figures.push_back({fixed(*share * 100, 1) + "%", Rank::Percent});
+    figures.push_back({clockText(progress.encodedSeconds), Rank::Encoded});
+    if (progress.speed) figures.push_back({fixed(*progress.speed, 2) + "x", Rank::Speed});
+    figures.push_back({megabytesText(progress.bytesWritten), Rank::Written});
+    if (const auto projection = projectionOf(job)) {
+        figures.push_back({"left " + clockText(projection->secondsLeft), Rank::Left});
+        figures.push_back({"about " + megabytesText(projection->finalBytes), Rank::About});
+    }
+    const std::string name = printableText(job.name);
+    const int room = terminalColumns - 1;
+    const int nameAtLeast = std::min(displayColumns(name), kNameColumns);
+    for (int rank = 0; !figures.empty() && nameAtLeast + columnsOf(figures) > room; ++rank) {
+        std::erase_if(figures, [rank](const Figure& figure) {
+            return static_cast<int>(figure.rank) == rank;
+        });
+    }
+    std::string line = shortenedToColumns(name, room - columnsOf(figures));
+    for (const Figure& figure : figures) line += "  " + figure.text;
     return line;
 }
 
@@ -174,7 +184,12 @@ std::string jsonNumber(std::optional<double> value, int decimals) {
 
 std::string jsonUpdate(const JobView& job) {
     const Progress& progress = job.progress;
-    std::string json = "{\"event\":\"progress\",\"source\":" + jsonString(job.name) +
+    const std::string pass = job.pass ? std::to_string(job.pass->number) : "null";
+    const std::string tryNumber = job.pass ? std::to_string(job.pass->tryNumber) : "null";
+    std::string json = "{\"event\":\"progress\",\"source\":" + jsonString(job.source) +
+                       ",\"index\":" + std::to_string(job.index) +
+                       ",\"count\":" + std::to_string(job.count) + ",\"pass\":" + pass +
+                       ",\"try\":" + tryNumber +
                        ",\"encoded_seconds\":" + jsonNumber(progress.encodedSeconds, 3) +
                        ",\"bytes_written\":" + std::to_string(progress.bytesWritten);
     if (const auto share = shareDone(job)) json += ",\"percent\":" + jsonNumber(*share * 100, 2);
@@ -207,7 +222,8 @@ std::string jsonEnd(const JobEnd& end) {
                        ",\"source\":" + jsonString(end.source) +
                        ",\"output\":" + jsonString(end.output) +
                        ",\"message\":" + jsonString(end.message);
-    if (end.status == JobEnd::Status::Done || end.status == JobEnd::Status::KeptSource) {
+    if (end.status == JobEnd::Status::Done || end.status == JobEnd::Status::KeptSource ||
+        end.status == JobEnd::Status::Stopped) {
         json += ",\"source_bytes\":" + std::to_string(end.sourceBytes) +
                 ",\"output_bytes\":" + std::to_string(end.outputBytes) +
                 ",\"encodes\":" + std::to_string(end.encodes) +

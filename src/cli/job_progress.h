@@ -20,9 +20,15 @@ struct Progress {
 // the moment to show it; a line that is not progress changes nothing.
 bool readProgressLine(std::string_view line, Progress& progress);
 
+// Which encoder run of a two-pass job is under way.
+struct PassView {
+    int number = 1;     // 1 or 2
+    int tryNumber = 1;  // from 1; the second pass is run again at corrected rates until it lands
+};
+
 // One job as the reports show it.
 struct JobView {
-    std::string name;                      // the source's file name
+    std::string name;                      // the source's file name, for the terminal
     std::optional<double> runningSeconds;  // the source's, when known
     Progress progress;
     ComplexityProfile profile{};  // the source's cost along its length, when it was measured
@@ -30,19 +36,27 @@ struct JobView {
     // Two passes: the size the second pass aims at, which its rate control reaches to within a
     // few percent whatever the share done, so it stands for the final size.
     std::optional<double> aimedBytes{};
+    std::string source{};            // the source's path, as every JSON event names it
+    std::optional<PassView> pass{};  // two passes: the one under way; the share done is its own
+    int index = 1;                   // the job's place in the batch, from 1
+    int count = 1;                   // the jobs of the batch
 };
 
 // Where the job will end: from the profile scaled to what is done, when there is one, otherwise
 // from the rate so far and ffmpeg's speed; unknown before anything is done.
 std::optional<Projection> projectionOf(const JobView& job);
 
-// The terminal's line for a running job: percentage, encoded time, speed, size written, time left
-// and the projected final size, each when it can be known.
-std::string terminalLine(const JobView& job);
+// The terminal's line for a running job: the name, then the job's place in a batch of more than
+// one, the pass, percentage, encoded time, speed, size written, time left and the projected final
+// size, each when it can be known. It takes at most `terminalColumns` - 1 columns, so that it
+// never wraps and a carriage return brings the cursor back to its start: the name is shortened
+// to fit, keeping 20 columns at least while the least telling figures (speed first) give way.
+std::string terminalLine(const JobView& job, int terminalColumns);
 
-// One JSON object (one line) per progress update; its speed is null while ffmpeg gives no finite
-// one ("N/A" at the start, "nan" or "inf" after a time of zero), and "seconds_left" and
-// "projected_bytes" come when they can be known.
+// One JSON object (one line) per progress update, naming the source by its path; its speed is
+// null while ffmpeg gives no finite one ("N/A" at the start, "nan" or "inf" after a time of
+// zero); "pass" and "try" are null in one-pass jobs; "seconds_left" and "projected_bytes" come
+// when they can be known.
 std::string jsonUpdate(const JobView& job);
 
 // How a job ended, for the reports and the summary.
@@ -62,7 +76,8 @@ struct JobEnd {
 
 std::string statusName(JobEnd::Status status);
 
-// One JSON object (one line) per finished job, and the plain line of the same.
+// One JSON object (one line) per finished job, and the plain line of the same. A job done, kept
+// as its source or stopped gives its sizes and encodes in JSON.
 std::string jsonEnd(const JobEnd& end);
 std::string plainEnd(const JobEnd& end);
 

@@ -8,6 +8,7 @@
 #include "cli/job_arguments.h"
 #include "cli/job_progress.h"
 #include "cli/output_plan.h"
+#include "cli/run_marks.h"
 #include "cli/source_facts.h"
 
 namespace quillet::cli {
@@ -158,7 +159,7 @@ TEST(OutputPlan, ExistingOutputsAreSkippedReplacedOrRenamedAndTheSourceIsNeverWr
     EXPECT_EQ(planOutput(source, (folder / "out").string(), ExistingOutput::Overwrite).action,
               OutputPlan::Action::Refuse);
     EXPECT_EQ(partialOutput(folder / "Compressed-clip é.mp4"),
-              folder / "Compressed-clip é.quillet-partial.mp4");
+              folder / ("Compressed-clip é.quillet-partial" + runMark() + ".mp4"));
     std::vector<std::string> problems;
     EXPECT_EQ(sourcesOf({(folder / "out").string(), (folder / "none.mp4").string()}, problems),
               std::vector<fs::path>{folder / "out" / "Compressed-clip é.mp4"});
@@ -174,12 +175,14 @@ TEST(JobProgress, ProgressLinesGiveTheLineTheJsonAndTheEstimate) {
     }
     EXPECT_TRUE(readProgressLine("progress=continue\r", progress));
     EXPECT_FALSE(progress.ended);
-    const JobView job{"a \"b\".mp4", 20.0, progress};
-    EXPECT_EQ(terminalLine(job),
+    const JobView job{
+        .name = "a \"b\".mp4", .runningSeconds = 20.0, .progress = progress, .source = "/v/a.mp4"};
+    EXPECT_EQ(terminalLine(job, 80),
               "a \"b\".mp4  25.0%  0:00:05  2.50x  1.0 MB  left 0:00:06  about 4.0 MB");
     EXPECT_EQ(jsonUpdate(job),
-              R"({"event":"progress","source":"a \"b\".mp4","encoded_seconds":5.000,)"
-              R"("bytes_written":1048576,"percent":25.00,"speed":2.500,"seconds_left":6.0,)"
+              R"({"event":"progress","source":"/v/a.mp4","index":1,"count":1,"pass":null,)"
+              R"("try":null,"encoded_seconds":5.000,"bytes_written":1048576,"percent":25.00,)"
+              R"("speed":2.500,"seconds_left":6.0,)"
               R"("projected_bytes":4194304})");
     EXPECT_EQ(jsonString("line\nbreak\\"), R"("line\u000abreak\\")");
 }
@@ -220,17 +223,18 @@ TEST(JobProgress, ASpeedOrRunningTimeThatIsNoFiniteNumberIsNullOrLeftOut) {
         }
         const JobView job{"a.mp4", 20.0, progress};
         EXPECT_EQ(jsonUpdate(job),
-                  R"({"event":"progress","source":"a.mp4","encoded_seconds":5.000,)"
+                  R"({"event":"progress","source":"","index":1,"count":1,"pass":null,)"
+                  R"("try":null,"encoded_seconds":5.000,)"
                   R"("bytes_written":1048576,"percent":25.00,"speed":null})")
             << speed;
-        EXPECT_EQ(terminalLine(job), "a.mp4  25.0%  0:00:05  1.0 MB") << speed;
+        EXPECT_EQ(terminalLine(job, 80), "a.mp4  25.0%  0:00:05  1.0 MB") << speed;
     }
     // A running time that is no number gives no share, rather than a share of "nan".
     Progress progress;
     readProgressLine("out_time_us=5000000", progress);
     EXPECT_EQ(jsonUpdate({"a.mp4", std::nan(""), progress}),
-              R"({"event":"progress","source":"a.mp4","encoded_seconds":5.000,)"
-              R"("bytes_written":0,"speed":null})");
+              R"({"event":"progress","source":"","index":1,"count":1,"pass":null,"try":null,)"
+              R"("encoded_seconds":5.000,"bytes_written":0,"speed":null})");
 }
 
 TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
