@@ -25,7 +25,7 @@ void expectAccepted(const std::vector<Words>& cases) {
     }
 }
 
-TEST(OptionRules, AnOptionOfOneMethodChoosesItWhenNoneIsNamed) {
+TEST(CliOptionRules, AnOptionOfOneMethodChoosesItWhenNoneIsNamed) {
     const std::pair<Words, Method> cases[] = {
         {{"compress"}, Method::Crf},
         {{"compress", "--target-mb", "5"}, Method::TargetSize},
@@ -47,7 +47,7 @@ TEST(OptionRules, AnOptionOfOneMethodChoosesItWhenNoneIsNamed) {
     EXPECT_EQ(parseArguments({"scale", "--crf", "30", "x"}).options->scaleCrf, 30);
 }
 
-TEST(OptionRules, AnOptionOfAnotherMethodIsRefusedNamingTheMethodItNeeds) {
+TEST(CliOptionRules, AnOptionOfAnotherMethodIsRefusedNamingTheMethodItNeeds) {
     expectRefused({
         {{"compress", "--method", "crf", "--target-mb", "5"}, "--target-mb needs --method tfs"},
         {{"compress", "--method", "tfs", "--target-mb", "5", "--bitrate", "1M"},
@@ -61,7 +61,7 @@ TEST(OptionRules, AnOptionOfAnotherMethodIsRefusedNamingTheMethodItNeeds) {
     });
 }
 
-TEST(OptionRules, AnOptionTheCommandDoesNotUseIsRefusedNamingItsCommands) {
+TEST(CliOptionRules, AnOptionTheCommandDoesNotUseIsRefusedNamingItsCommands) {
     expectRefused({
         {{"compress", "--height", "480"}, "--height is for scale, not compress"},
         {{"mp3", "--fps", "30"}, "--fps is for fps, not mp3"},
@@ -92,7 +92,7 @@ TEST(OptionRules, AnOptionTheCommandDoesNotUseIsRefusedNamingItsCommands) {
     });
 }
 
-TEST(OptionRules, ContradictionsAreRefusedAndRepeatsThatAgreeAreNot) {
+TEST(CliOptionRules, ContradictionsAreRefusedAndRepeatsThatAgreeAreNot) {
     expectRefused({
         {{"compress", "--overwrite", "--rename"},
          "--overwrite and --rename cannot be used together"},
@@ -109,7 +109,7 @@ TEST(OptionRules, ContradictionsAreRefusedAndRepeatsThatAgreeAreNot) {
     });
 }
 
-TEST(OptionRules, ValuesTheEncodersRefuseAreRefusedWithWhatTheyTake) {
+TEST(CliOptionRules, ValuesTheEncodersRefuseAreRefusedWithWhatTheyTake) {
     const std::string aac =
         "--sample-rate takes, for AAC audio, 7350, 8000, 11025, 12000, 16000, 22050, 24000, "
         "32000, 44100, 48000, 64000, 88200 or 96000, not ";
@@ -151,7 +151,7 @@ TEST(OptionRules, ValuesTheEncodersRefuseAreRefusedWithWhatTheyTake) {
     });
 }
 
-TEST(OptionRules, TheVersionIsPrintedInsteadOfAnyJob) {
+TEST(CliOptionRules, TheVersionIsPrintedInsteadOfAnyJob) {
     const std::string version = parseArguments({"--version"}).text;
     EXPECT_EQ(version.substr(0, 12), "quillet-cli ");
     EXPECT_EQ(parseArguments({"-V"}).text, version);
