@@ -19,35 +19,49 @@ Commands:
   tags       write container tags into a copy, streams copied as they are
   probe      show running time, resolution and streams
 
-compress and estimate:
+compress and estimate (estimate takes a compress command line as it is):
   --method tfs|crf|abr|qp  target file size, constant rate factor (default),
-                           average bit rate or constant quantizer
-  --target-mb MB           the size to reach (tfs), up to 1000000 MB;
+                           average bit rate or constant quantizer. Without
+                           --method, an option of one method below chooses
+                           it; with another --method, or beside an option of
+                           another method, it is refused
+  tfs: --target-mb MB      the size to reach, up to 1000000 MB (needed);
                            1 MB = 1,048,576 bytes
-  --two-pass               two passes, to land within 2% under the target: the
+       --two-pass          two passes, to land within 2% under the target: the
                            second runs up to 3 times, an output over is never
                            kept (none under: the job fails); it costs about
                            two encodes. One pass aims at the target but can
                            miss it either way: on hard clips from half of it
                            to twice it
-  --crf N                  rate factor, 0 to 51 (default 20)
-  --bitrate R --minrate R --maxrate R --bufsize R
-                           abr rates up to 2000M (defaults 900k, 1.1M, 2.0M, 1.1M)
-  --qp N --lookahead N     qp quantizer and look-ahead (defaults 14, 18)
-  --preset NAME            libx265 preset (default veryfast)
-  --audio-bitrate K        AAC audio in kbit/s (default 160)
-  --sample-rate HZ         audio sample rate (default 44100)
+  crf: --crf N             rate factor, 0 to 51 (default 20)
+  abr: --bitrate R --minrate R --maxrate R --bufsize R
+                           rates up to 2000M (defaults 900k, 1.1M, 2.0M, 1.1M)
+  qp:  --qp N --lookahead N
+                           quantizer, 0 to 51, and look-ahead (defaults 14, 18);
+                           the look-ahead must be longer than the preset's
+                           longest run of B-frames (3 to 8)
+  --preset NAME            libx265 preset, from ultrafast to placebo
+                           (default veryfast)
+  --audio-bitrate K        AAC audio in kbit/s, 8 to 640 (default 160 for
+                           stereo)
+  --sample-rate HZ         audio sample rate (default: the source's), one the
+                           audio encoder takes: AAC 7350 to 96000, MP3 8000
+                           to 48000, the standard rates between (a refusal
+                           lists them)
 mp3:    --crf N --preset NAME --quality 1..9 (default 5) --sample-rate HZ
-scale:  --height 240|360|480|720 (default 480) [--crf N] [--mp3 Q, 1..9, audio to MP3]
-fps:    --fps N [--audio-bitrate K] [--sample-rate HZ]
+scale:  --height 240|360|480|720 (default 480) [--crf N]
+        [--mp3 Q, 1..9, audio to MP3, and then --sample-rate HZ]
+fps:    --fps N [--preset NAME] [--audio-bitrate K] [--sample-rate HZ]
 tags:   --tag KEY=VALUE (as many as wanted)
 
-Every command:
+Every command but probe:
   --output-dir DIR   write the outputs there
   --overwrite        replace an existing output (default: skip that input)
   --rename           keep an existing output and write Compressed-<name> (2) and so on
+Every command but tags and probe:
   --min-saving PCT   remove an output that is not at least PCT% smaller than
                      its source; the job counts as kept the source (not smaller)
+Every command:
   --json             one JSON object per progress update (seconds_left and
                      projected_bytes when known) and per finished job (an
                      estimate's with predicted_bytes and predicted_seconds);
@@ -55,17 +69,26 @@ Every command:
                      each byte of a name that is not UTF-8 is kept as \udc80-\udcff
   --                 what follows are inputs, even names that start with "-"
 
+An option a command does not use, one given twice with different values and
+--overwrite with --rename are refused, before any job runs.
+
+quillet-cli --version (or -V) prints the version; --help (or -h) this text.
+
 Exit status: 0 every job done or skipped, 1 some job failed, 2 bad usage, 130 stopped
 (Ctrl-C or the termination signal: ffmpeg is stopped and the partial output removed).
 
 Examples:
-  quillet-cli compress --method tfs --target-mb 50 --two-pass holiday.mp4
+  quillet-cli compress --target-mb 50 --two-pass holiday.mp4
   quillet-cli compress --method crf --crf 24 --output-dir small ~/Videos/phone
   quillet-cli estimate --method crf --crf 24 ~/Videos/phone
   quillet-cli scale --height 720 --rename *.mov
   quillet-cli tags --tag title="Summer 2026" --tag artist=Ann clip.mp4
   quillet-cli probe clip.mp4
 )";
+}
+
+std::string versionText() {
+    return "quillet-cli " QUILLET_VERSION "\n";
 }
 
 }  // namespace quillet::cli

@@ -50,11 +50,11 @@ struct Options {
     std::vector<std::string> inputs;  // files or folders
 };
 
-// The outcome of reading the command line: options to run, the help text to print, or a usage
-// error to report (exit status 2).
+// The outcome of reading the command line: options to run, a text to print (the help or the
+// version), or a usage error to report (exit status 2).
 struct Parsed {
     std::optional<Options> options;
-    std::string help;
+    std::string text;
     std::string error;
 };
 
@@ -67,5 +67,7 @@ std::optional<double> bitsPerSecond(const std::string& rate);
 
 // The help text, with examples.
 std::string helpText();
+// "quillet-cli 2.0" and a line break, the version being the project's.
+std::string versionText();
 
 }  // namespace quillet::cli

@@ -56,8 +56,8 @@ int main(int argc, char** argv) {
     StopRequests stops;  // first, before any other thread
     const Parsed parsed = parseArguments(programArguments(argc, argv));
     if (!parsed.options) {
-        if (!parsed.help.empty()) {
-            std::fputs(parsed.help.c_str(), stdout);
+        if (!parsed.text.empty()) {
+            std::fputs(parsed.text.c_str(), stdout);
             return kAllDone;
         }
         std::fprintf(stderr, "quillet-cli: %s\nTry quillet-cli --help.\n", parsed.error.c_str());

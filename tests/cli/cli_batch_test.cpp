@@ -1,5 +1,5 @@
 // The companion as a script uses it: a batch with a broken file among good ones, and a stop
-// in the middle of a job.
+// in the middle of a job, a command line refused before any job.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -13,6 +13,7 @@
 #include <fstream>
 #include <sstream>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -30,12 +31,15 @@ protected:
         fs::remove(report);
     }
 
+    // An H.264 and AAC clip, or VP8 and Opus for a name ending in ".webm".
     void makeClip(const std::string& name, int seconds, const std::string& size = "320x240") {
+        const std::string codecs = name.ends_with(".webm")
+                                       ? "-c:v libvpx -deadline realtime -c:a libopus"
+                                       : "-c:v libx264 -preset ultrafast -c:a aac";
         const std::string command = "ffmpeg -v error -f lavfi -i testsrc2=size=" + size +
                                     ":rate=25:duration=" + std::to_string(seconds) +
-                                    " -f lavfi -i sine=duration=" + std::to_string(seconds) +
-                                    " -c:v libx264 -preset ultrafast -c:a aac -shortest '" +
-                                    (folder / name).string() + "'";
+                                    " -f lavfi -i sine=duration=" + std::to_string(seconds) + " " +
+                                    codecs + " -shortest '" + (folder / name).string() + "'";
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
 
@@ -84,13 +88,14 @@ TEST_F(CliBatch, ABrokenFileFailsAloneAndTheRestIsDone) {
     const std::string text = reported();
     EXPECT_NE(text.find("failed: " + (folder / "broken.mp4").string()), std::string::npos) << text;
     EXPECT_NE(text.find("2 done, 0 skipped, 1 failed"), std::string::npos) << text;
-    // A failed run leaves the output it was to replace as it was, and no partial one.
-    const auto size = fs::file_size(folder / "Compressed-one.mp4");
-    EXPECT_EQ(exitStatus(start({"compress", "--overwrite", "--preset", "no-such-preset",
-                                (folder / "one.mp4").string()})),
-              1);
-    EXPECT_EQ(fs::file_size(folder / "Compressed-one.mp4"), size);
-    EXPECT_NE(reported().find("Error setting preset"), std::string::npos) << reported();
+    // A failed run leaves the output it was to replace as it was, and no partial one: ffmpeg
+    // opens the output, then finds that WebM holds no H.265.
+    makeClip("three.webm", 1);
+    std::ofstream(folder / "Compressed-three.webm") << "old";
+    EXPECT_EQ(exitStatus(start({"compress", "--overwrite", (folder / "three.webm").string()})), 1);
+    EXPECT_EQ(fs::file_size(folder / "Compressed-three.webm"), 3u);
+    EXPECT_FALSE(fs::exists(folder / "Compressed-three.quillet-partial.webm"));
+    EXPECT_NE(reported().find("Only VP8 or VP9"), std::string::npos) << reported();
     // Again: both outputs exist, so both are skipped.
     EXPECT_EQ(exitStatus(start(
                   {"compress", (folder / "one.mp4").string(), (folder / "two -y.mp4").string()})),
@@ -106,6 +111,29 @@ TEST_F(CliBatch, ATargetTheAudioAloneExceedsIsRefusedBeforeFfmpegRuns) {
     EXPECT_NE(reported().find("too small: the audio with the least video needs"), std::string::npos)
         << reported();
     EXPECT_FALSE(fs::exists(folder / "Compressed-one.mp4"));
+}
+
+TEST_F(CliBatch, ARefusedCommandLineRunsNoJob) {
+    makeClip("one.mp4", 1);
+    const std::string clip = (folder / "one.mp4").string();
+    const std::pair<std::vector<std::string>, std::string> refused[] = {
+        {{"compress", "--target-mb", "5", "--method", "crf", clip},
+         "--target-mb needs --method tfs"},
+        {{"mp3", "--sample-rate", "12345", clip}, "--sample-rate takes, for MP3 audio"},
+        {{"scale", "--overwrite", "--rename", clip}, "--overwrite and --rename cannot"},
+        {{"fps", "--fps", "24", "--height", "480", clip}, "--height is for scale, not fps"},
+    };
+    for (const auto& [arguments, problem] : refused) {
+        EXPECT_EQ(exitStatus(start(arguments)), 2) << problem;
+        EXPECT_NE(reported().find("quillet-cli: " + problem), std::string::npos) << reported();
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1)
+            << problem << ": only the source is there";
+    }
+}
+
+TEST_F(CliBatch, VersionIsTheProjects) {
+    EXPECT_EQ(exitStatus(start({"--version"})), 0);
+    EXPECT_EQ(reported(), "quillet-cli " QUILLET_VERSION "\n");
 }
 
 TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {

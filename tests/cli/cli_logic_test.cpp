@@ -41,8 +41,8 @@ TEST(CliOptions, BadUsageIsNamedAndHelpIsOffered) {
         {{"compress", "--bogus", "a.mp4"}, "unknown option --bogus"},
     };
     for (const auto& [arguments, error] : cases) EXPECT_EQ(parseArguments(arguments).error, error);
-    EXPECT_NE(parseArguments({}).help.find("Examples:"), std::string::npos);
-    EXPECT_NE(parseArguments({"probe", "--help"}).help.find("Usage:"), std::string::npos);
+    EXPECT_NE(parseArguments({}).text.find("Examples:"), std::string::npos);
+    EXPECT_NE(parseArguments({"probe", "--help"}).text.find("Usage:"), std::string::npos);
     // After "--" a name that starts with "-" is an input.
     EXPECT_EQ(parsed({"compress", "--", "-y.mp4", "--json"}).inputs, (Words{"-y.mp4", "--json"}));
 }
@@ -57,11 +57,11 @@ TEST(CliOptions, NumbersNotFiniteOrBeyondWhatFfmpegHoldsAreBadUsage) {
         {{"--target-mb", "1000000.5"}, target + "\"1000000.5\""},
         {{"--target-mb", "-3"}, target + "\"-3\""},
         {{"--target-mb", "0"}, target + "\"0\""},
-        {{"--bitrate", "inf"}, "--bitrate"},
-        {{"--bitrate", "nanM"}, "--bitrate"},
-        {{"--maxrate", "1e20k"}, "--maxrate"},
-        {{"--bufsize", "2001M"}, "--bufsize"},
-        {{"--minrate", "0.5"}, "--minrate"},
+        {{"--bitrate", "inf"}, "--bitrate takes"},
+        {{"--bitrate", "nanM"}, "--bitrate takes"},
+        {{"--maxrate", "1e20k"}, "--maxrate takes"},
+        {{"--bufsize", "2001M"}, "--bufsize takes"},
+        {{"--minrate", "0.5"}, "--minrate takes"},
     };
     for (const auto& [option, error] : refused) {
         Words arguments = {"compress", "--method", "tfs", "--target-mb", "50"};
@@ -71,10 +71,10 @@ TEST(CliOptions, NumbersNotFiniteOrBeyondWhatFfmpegHoldsAreBadUsage) {
         EXPECT_FALSE(result.options) << option[1];
         EXPECT_EQ(result.error.substr(0, error.size()), error) << option[1];
     }
-    const Options largest = parsed({"compress", "--method", "tfs", "--target-mb", "1000000",
-                                    "--bufsize", "2000M", "--minrate", "1", "a.mp4"});
-    EXPECT_EQ(largest.compress.targetMb, 1000000.0);
-    EXPECT_EQ(largest.compress.bufferSize, "2000M");
+    EXPECT_EQ(parsed({"compress", "--target-mb", "1000000", "a.mp4"}).compress.targetMb, 1000000.0);
+    EXPECT_EQ(
+        parsed({"compress", "--bufsize", "2000M", "--minrate", "1", "a.mp4"}).compress.bufferSize,
+        "2000M");
     // What an estimate of an average bit rate reads of it.
     EXPECT_EQ(bitsPerSecond("900k"), 900000.0);
     EXPECT_EQ(bitsPerSecond("1.5M"), 1500000.0);
