@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "cli/batch_report.h"
+#include "cli/batch_sources.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
 #include "cli/kept_streams.h"
@@ -272,18 +273,25 @@ private:
 int runBatch(const Options& options, const Tools& tools, StopRequests& stops, std::FILE* out,
              std::FILE* errors, bool terminal) {
     BatchReport report(out, errors, options.json, terminal);
-    std::vector<std::string> problems;
-    const std::vector<fs::path> sources = sourcesOf(options.inputs, problems);
-    for (const std::string& problem : problems) report.problem(problem);
-    Batch batch(options, tools, stops, report);
-    const int count = static_cast<int>(sources.size());
+    const BatchSources batch = batchSources(options);
+    for (const fs::path& left : batch.removed) report.removed(utf8Of(left));
+    for (const std::string& problem : batch.problems) report.problem(problem);
+    for (const auto& [file, reason] : batch.notSources) {
+        JobEnd skipped;
+        skipped.status = JobEnd::Status::Skipped;
+        skipped.source = utf8Of(file);
+        skipped.message = reason;
+        report.finished(skipped);
+    }
+    Batch jobs(options, tools, stops, report);
+    const int count = static_cast<int>(batch.sources.size());
     for (int index = 1; index <= count; ++index) {
         if (stops.requested()) break;
-        report.finished(batch.run(sources[index - 1], index, count));
+        report.finished(jobs.run(batch.sources[index - 1], index, count));
     }
-    report.summary(!problems.empty());
+    report.summary(!batch.problems.empty());
     if (stops.requested()) return kStopped;
-    return report.anyFailed() || !problems.empty() ? kSomeFailed : kAllDone;
+    return report.anyFailed() || !batch.problems.empty() ? kSomeFailed : kAllDone;
 }
 
 }  // namespace quillet::cli

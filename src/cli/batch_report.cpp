@@ -7,6 +7,12 @@
 
 namespace quillet::cli {
 
+namespace {
+
+constexpr const char* kLeftByAKilledRun = "left by a run that was killed";
+
+}  // namespace
+
 void BatchReport::overwriteLine(const std::string& text) {
     const int columns = displayColumns(text);
     std::fprintf(out_, "\r%s%*s", text.c_str(), std::max(0, lineColumns_ - columns), "");
@@ -65,6 +71,17 @@ void BatchReport::finished(const JobEnd& end) {
         std::fputs(text.c_str(), out_);
     }
     std::fputs("\n", out_);
+    std::fflush(out_);
+}
+
+void BatchReport::removed(const std::string& path) {
+    clearLine();
+    if (json_) {
+        std::fprintf(out_, "{\"event\":\"removed\",\"path\":%s,\"reason\":%s}\n",
+                     jsonString(path).c_str(), jsonString(kLeftByAKilledRun).c_str());
+    } else {
+        std::fprintf(out_, "removed: %s (%s)\n", path.c_str(), kLeftByAKilledRun);
+    }
     std::fflush(out_);
 }
 

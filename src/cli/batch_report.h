@@ -19,6 +19,8 @@ public:
     void progress(const JobView& job);
     void finished(const JobEnd& end);
     void problem(const std::string& text);
+    // A partial output or working folder a killed run left, now removed.
+    void removed(const std::string& path);
     // "N done, N skipped, N failed, X MB saved", with "N kept the source (not smaller)" after the
     // done and "N stopped" after the failed when there are any, and what estimates foretell in all
     // instead of the saving; `inputProblems`: some input named nothing.

@@ -8,6 +8,18 @@ std::string helpText() {
 Usage: quillet-cli COMMAND [OPTIONS] INPUT...
 INPUT is a video file or a folder (its videos are taken, not those of its subfolders).
 Each output goes beside its source as Compressed-<name>, or into --output-dir.
+A batch never takes its own outputs (Compressed-<name> of another of its inputs)
+or partial outputs as inputs; what a killed run left (a partial output, a working
+folder) is removed by the next run over the same folders, which says so.
+
+What an output keeps: the picture (the first video stream), re-encoded, each
+picture at its own time (a changing frame rate stays as it was); every sound
+track, as AAC at its own sample rate and channels (80 kbit/s a channel unless
+--audio-bitrate says otherwise), or MP3 for mp3 and scale --mp3; subtitles the
+container holds (.mp4: as its own text; .mkv: all, fonts too); chapters and
+tags. A picture players cannot show (not 4:2:0, or odd sides) is made 4:2:0 and
+cropped to even sides. What is left out (a cover picture, picture subtitles in
+an .mp4, a time code) is said in the job's line.
 
 Commands:
   compress   re-encode with libx265 under one of four rate-control methods
@@ -42,15 +54,15 @@ compress and estimate (estimate takes a compress command line as it is):
                            longest run of B-frames (3 to 8)
   --preset NAME            libx265 preset, from ultrafast to placebo
                            (default veryfast)
-  --audio-bitrate K        AAC audio in kbit/s, 8 to 640 (default 160 for
-                           stereo)
-  --sample-rate HZ         audio sample rate (default: the source's), one the
-                           audio encoder takes: AAC 7350 to 96000, MP3 8000
-                           to 48000, the standard rates between (a refusal
-                           lists them)
+  --audio-bitrate K        each sound track's AAC rate in kbit/s, 8 to 640
+                           (default 80 a channel: 160 for stereo, 480 for 5.1)
+  --sample-rate HZ         audio sample rate (default: each track's own), one
+                           the audio encoder takes: AAC 7350 to 96000, MP3
+                           16000 to 48000, the standard rates between (a
+                           refusal lists them)
 mp3:    --crf N --preset NAME --quality 1..9 (default 5) --sample-rate HZ
-scale:  --height 240|360|480|720 (default 480) [--crf N]
-        [--mp3 Q, 1..9, audio to MP3, and then --sample-rate HZ]
+scale:  --height 240|360|480|720 (default 480) [--crf N] [--audio-bitrate K]
+        [--sample-rate HZ] [--mp3 Q, 1..9, audio to MP3]
 fps:    --fps N [--preset NAME] [--audio-bitrate K] [--sample-rate HZ]
 tags:   --tag KEY=VALUE (as many as wanted)
 
@@ -62,11 +74,15 @@ Every command but tags and probe:
   --min-saving PCT   remove an output that is not at least PCT% smaller than
                      its source; the job counts as kept the source (not smaller)
 Every command:
-  --json             one JSON object per progress update (seconds_left and
-                     projected_bytes when known) and per finished job (an
-                     estimate's with predicted_bytes and predicted_seconds);
-                     a number not known (a speed ffmpeg cannot tell) is null, and
-                     each byte of a name that is not UTF-8 is kept as \udc80-\udcff
+  --json             one JSON object a line: per progress update (source as its
+                     full path, index and count of the job in the batch, pass
+                     and try, null for one pass; percent, seconds_left and
+                     projected_bytes when known), per finished job (sizes for
+                     done, kept-source and stopped jobs; an estimate's with
+                     predicted_bytes and predicted_seconds), per removed
+                     leftover, and a summary (with stopped); a number not known
+                     (a speed ffmpeg cannot tell) is null, and each byte of a
+                     name that is not UTF-8 is kept as \udc80-\udcff
   --                 what follows are inputs, even names that start with "-"
 
 An option a command does not use, one given twice with different values and

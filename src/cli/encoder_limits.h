@@ -31,10 +31,10 @@ constexpr const X265Preset* x265Preset(std::string_view name) {
     return nullptr;
 }
 
-// The sample rates in Hz, ascending, that ffmpeg's AAC encoder and libmp3lame take.
+// The sample rates in Hz, ascending, that ffmpeg's AAC encoder and libmp3lame take; of
+// libmp3lame's, those an .mp4 holds too (not 8000, 11025 or 12000).
 inline constexpr int kAacSampleRates[] = {7350,  8000,  11025, 12000, 16000, 22050, 24000,
                                           32000, 44100, 48000, 64000, 88200, 96000};
-inline constexpr int kMp3SampleRates[] = {8000,  11025, 12000, 16000, 22050,
-                                          24000, 32000, 44100, 48000};
+inline constexpr int kMp3SampleRates[] = {16000, 22050, 24000, 32000, 44100, 48000};
 
 }  // namespace quillet::cli

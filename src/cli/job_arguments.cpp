@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "cli/encoder_limits.h"
 #include "cli/kept_streams.h"
 
 namespace quillet::cli {
@@ -62,34 +63,18 @@ std::string passStatistics(int pass) {
     return "pass=" + std::to_string(pass) + ":stats=" + std::string(kPassStatistics);
 }
 
-// The settings by which libx265 checks that a second pass reads statistics of the same shape of
-// picture groups, as each preset sets them.
-struct GroupShape {
-    std::string_view preset;
-    int bFrames;
-    bool weightedPrediction;
-    int sceneCut;
-};
-constexpr GroupShape kGroupShapes[] = {{"ultrafast", 3, false, 0}, {"superfast", 3, false, 40},
-                                       {"veryfast", 4, true, 40},  {"faster", 4, true, 40},
-                                       {"fast", 4, true, 40},      {"medium", 4, true, 40},
-                                       {"slow", 4, true, 40},      {"slower", 8, true, 40},
-                                       {"veryslow", 8, true, 40},  {"placebo", 8, true, 40}};
-
 // The first pass only measures the picture, so it runs at the fastest preset with the job's
-// preset's group shape, which costs a third to a half of an encode. A preset libx265 may know
-// but this table does not runs the first pass as it is.
+// preset's group shape, which costs a third to a half of an encode.
 void firstPassVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
     std::string parameters = passStatistics(1);
     std::string preset = options.preset;
-    for (const GroupShape& shape : kGroupShapes) {
-        if (shape.preset != options.preset) continue;
+    if (const X265Preset* shape = x265Preset(options.preset)) {
         preset = "ultrafast";
-        parameters += ":bframes=" + std::to_string(shape.bFrames) +
-                      ":weightp=" + (shape.weightedPrediction ? "1" : "0") +
-                      ":scenecut=" + std::to_string(shape.sceneCut) +
+        parameters += ":bframes=" + std::to_string(shape->bFrames) +
+                      ":weightp=" + (shape->weightedPrediction ? "1" : "0") +
+                      ":scenecut=" + std::to_string(shape->sceneCut) +
                       // libx265 wants a look-ahead deeper than the longest run of B-frames
-                      ":rc-lookahead=" + std::to_string(shape.bFrames + 2);
+                      ":rc-lookahead=" + std::to_string(shape->bFrames + 2);
     }
     add(words, {"-c:v", "libx265", "-preset", preset, "-b:v", std::to_string(videoBitsPerSecond),
                 "-x265-params", parameters});

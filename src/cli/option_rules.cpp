@@ -94,8 +94,7 @@ struct AudioEncoder {
     std::span<const int> sampleRates;
 };
 
-// The encoder of the audio the command's jobs write; none when it leaves the audio to ffmpeg or
-// copies it.
+// The encoder of the audio the command's jobs write; none when it copies the audio.
 std::optional<AudioEncoder> audioEncoder(const Options& options) {
     constexpr AudioEncoder aac{"AAC", kAacSampleRates};
     constexpr AudioEncoder mp3{"MP3", kMp3SampleRates};
@@ -107,8 +106,7 @@ std::optional<AudioEncoder> audioEncoder(const Options& options) {
         case Command::Mp3:
             return mp3;
         case Command::Scale:
-            if (options.scaleMp3) return mp3;
-            return std::nullopt;
+            return options.scaleMp3 ? mp3 : aac;
         case Command::Tags:
         case Command::Probe:
             return std::nullopt;
@@ -119,8 +117,8 @@ std::optional<AudioEncoder> audioEncoder(const Options& options) {
 std::string sampleRateProblem(const Options& options) {
     if (!options.sampleRate) return {};
     const auto encoder = audioEncoder(options);
-    // Only scale gets here without an encoder: the others are refused it beforehand.
-    if (!encoder) return "--sample-rate is for scale only with --mp3";
+    // The commands that write no audio are refused the option beforehand.
+    if (!encoder) return {};
     if (std::ranges::find(encoder->sampleRates, *options.sampleRate) !=
         encoder->sampleRates.end()) {
         return {};

@@ -114,7 +114,7 @@ constexpr OptionRow kOptions[] = {
          for (const X265Preset& preset : kX265Presets) names.emplace_back(preset.name);
          return wordList(names, "or") + ", not \"" + v + "\"";
      }},
-    {"--audio-bitrate", Takes::Value, kMethodCommands | commandsOf({Fps}), std::nullopt,
+    {"--audio-bitrate", Takes::Value, kMethodCommands | commandsOf({Scale, Fps}), std::nullopt,
      [](Options& o, Value v) { return wholeInto(o.audioKbps.emplace(), v, 8, 640); }},
     {"--sample-rate", Takes::Value, kMethodCommands | commandsOf({Mp3, Scale, Fps}), std::nullopt,
      // Which rates the job's audio encoder takes is known once the whole line is read.

@@ -170,6 +170,65 @@ TEST_F(CliBatch, InterruptStopsFfmpegAndRemovesThePartialOutput) {
     EXPECT_NE(std::system(ffmpegLeft.c_str()), 0);
 }
 
+// Run again over the same folder, the companion takes neither its outputs nor their outputs.
+TEST_F(CliBatch, ASecondAndAThirdRunCompressNothingNew) {
+    makeClip("one.mp4", 1);
+    makeClip("two é.mkv", 1);
+    EXPECT_EQ(exitStatus(start({"compress", "--crf", "40", folder.string()})), 0);
+    for (int run = 2; run <= 3; ++run) {
+        EXPECT_EQ(exitStatus(start({"compress", "--crf", "40", folder.string()})), 0);
+        EXPECT_NE(reported().find("0 done, 4 skipped, 0 failed"), std::string::npos) << reported();
+        EXPECT_NE(reported().find("Compressed-two é.mkv: the output of two é.mkv"),
+                  std::string::npos)
+            << reported();
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 4);
+    }
+}
+
+// A run killed in its two passes leaves its partial output and its working folder; the next run
+// over the folder removes them and says so.
+TEST_F(CliBatch, WhatAKilledRunLeftIsRemovedByTheNext) {
+    makeClip("long.mp4", 60);
+    const fs::path temporary = folder / "temporary";
+    fs::create_directories(temporary);
+    const char* const before = std::getenv("TMPDIR");
+    const std::string restore = before ? before : "";
+    ::setenv("TMPDIR", temporary.c_str(), 1);
+    const pid_t killed = start({"compress", "--json", "--method", "tfs", "--target-mb", "1",
+                                "--two-pass", "--preset", "slow", folder.string()});
+    // Killed in the second pass, which writes the partial output.
+    const auto deadline = std::chrono::steady_clock::now() + 90s;
+    while (reported().find("\"pass\":2") == std::string::npos &&
+           std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(50ms);
+    }
+    std::this_thread::sleep_for(500ms);
+    kill(killed, SIGKILL);
+    exitStatus(killed);
+    const std::string mark = ".quillet-partial-" + std::to_string(killed);
+    EXPECT_TRUE(fs::exists(folder / ("Compressed-long" + mark + ".mp4")));
+    EXPECT_EQ(std::distance(fs::directory_iterator(temporary), fs::directory_iterator()), 1);
+
+    EXPECT_EQ(
+        exitStatus(start({"compress", "--crf", "51", "--preset", "ultrafast", folder.string()})),
+        0);
+    const std::string said = reported();
+    EXPECT_NE(said.find("removed: " + (folder / ("Compressed-long" + mark + ".mp4")).string()),
+              std::string::npos)
+        << said;
+    EXPECT_NE(said.find("removed: " + temporary.string() + "/quillet-cli-work-passes-" +
+                        std::to_string(killed)),
+              std::string::npos)
+        << said;
+    EXPECT_NE(said.find("1 done, 0 skipped"), std::string::npos) << said;
+    EXPECT_TRUE(fs::is_empty(temporary));
+    if (before) {
+        ::setenv("TMPDIR", restore.c_str(), 1);
+    } else {
+        ::unsetenv("TMPDIR");
+    }
+}
+
 }  // namespace
 
 // The first pass runs at the fastest preset; the encoder takes its statistics for the second pass
