@@ -8,6 +8,7 @@
 #include "cli/output_plan.h"
 #include "cli/run_marks.h"
 #include "cli/scratch_folder.h"
+#include "tools/utf8_paths.h"
 
 namespace quillet::cli {
 namespace {
@@ -26,6 +27,8 @@ protected:
     void TearDown() override { fs::remove_all(folder); }
 
     void make(const fs::path& file) const { std::ofstream(file) << "x"; }
+    // A file of the folder by its name in UTF-8, as on every system.
+    fs::path at(const std::string& name) const { return folder / pathFromUtf8(name); }
     BatchSources sourcesFor(std::vector<std::string> arguments) const {
         arguments.push_back(folder.string());
         return batchSources(parseArguments(arguments).options.value());
@@ -38,23 +41,23 @@ TEST_F(BatchSourcesTest, TheBatchsOwnOutputsAndPartialsAreNeverSources) {
     for (const char* name :
          {"E.mkv", "Compressed-E.mkv", "Compressed-E (2).mkv", "Compressed-Compressed-E.mkv",
           "Compressed-E (two).mkv", "Compressed-F.mp4", "G é.mp4", "Compressed-G é.mp4"}) {
-        make(folder / name);
+        make(at(name));
     }
     // A partial of a run still going: not a source, and left alone.
-    const fs::path going = folder / ("Compressed-G é.quillet-partial" + runMark() + ".mp4");
+    const fs::path going = at("Compressed-G é.quillet-partial" + runMark() + ".mp4");
     make(going);
     const BatchSources batch = sourcesFor({"compress"});
     // F is gone, so its old output is a video like any other; "(two)" is no number.
     EXPECT_EQ(batch.sources,
               (std::vector<fs::path>{folder / "Compressed-E (two).mkv", folder / "Compressed-F.mp4",
-                                     folder / "E.mkv", folder / "G é.mp4"}));
+                                     folder / "E.mkv", at("G é.mp4")}));
     using NotSource = std::pair<fs::path, std::string>;
     EXPECT_EQ(batch.notSources,
               (std::vector<NotSource>{
                   {folder / "Compressed-Compressed-E.mkv", "the output of Compressed-E.mkv"},
                   {folder / "Compressed-E (2).mkv", "the output of E.mkv"},
                   {folder / "Compressed-E.mkv", "the output of E.mkv"},
-                  {folder / "Compressed-G é.mp4", "the output of G é.mp4"}}));
+                  {at("Compressed-G é.mp4"), "the output of G é.mp4"}}));
     EXPECT_TRUE(fs::exists(going));
     EXPECT_TRUE(batch.removed.empty());
     // Outputs that go elsewhere are not looked for beside the sources; probe reads everything.
