@@ -246,6 +246,7 @@ private:
     JobEnd probed(JobEnd& end, const RunOutcome& probe, const SourceFacts& facts) {
         if (!probe.succeeded()) return failed(end, "ffprobe cannot read it:" + lastLinesOf(probe));
         end.message = describeFacts(facts);
+        end.factFields = factFields(facts);
         return end;
     }
 

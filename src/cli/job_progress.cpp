@@ -233,7 +233,7 @@ std::string jsonEnd(const JobEnd& end) {
     if (end.predictedSeconds) {
         json += ",\"predicted_seconds\":" + jsonNumber(end.predictedSeconds, 1);
     }
-    return json + "}";
+    return json + end.factFields + "}";
 }
 
 std::string plainEnd(const JobEnd& end) {

@@ -72,6 +72,8 @@ struct JobEnd {
     // What an estimate foretells of the job: the output's size and the encoding time.
     std::optional<double> predictedBytes;
     std::optional<double> predictedSeconds;
+    // What probe found, as JSON fields (",\"key\":value..."), for the end object.
+    std::string factFields;
 };
 
 std::string statusName(JobEnd::Status status);

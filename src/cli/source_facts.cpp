@@ -93,6 +93,30 @@ std::string describeFacts(const SourceFacts& facts) {
     return text;
 }
 
+std::string factFields(const SourceFacts& facts) {
+    const StreamFacts* picture = facts.picture();
+    std::string json = ",\"running_seconds\":" + jsonNumber(facts.seconds, 3) +
+                       ",\"width\":" + (picture ? std::to_string(picture->width) : "null") +
+                       ",\"height\":" + (picture ? std::to_string(picture->height) : "null") +
+                       ",\"streams\":[";
+    for (std::size_t i = 0; i < facts.streams.size(); ++i) {
+        const StreamFacts& stream = facts.streams[i];
+        json += std::string(i == 0 ? "" : ",") + "{\"type\":" + jsonString(stream.type) +
+                ",\"codec\":" + jsonString(stream.codec);
+        if (stream.type == "video") {
+            json += ",\"width\":" + std::to_string(stream.width) +
+                    ",\"height\":" + std::to_string(stream.height) +
+                    ",\"pixel_format\":" + jsonString(stream.pixelFormat) +
+                    ",\"cover_picture\":" + (stream.attachedPicture ? "true" : "false");
+        } else if (stream.type == "audio") {
+            json += ",\"channels\":" + std::to_string(stream.channels) +
+                    ",\"sample_rate\":" + std::to_string(stream.sampleRate);
+        }
+        json += "}";
+    }
+    return json + "]";
+}
+
 TargetRate targetRate(double targetMb, double seconds, double audioBits) {
     const double targetBits = targetMb * kBytesPerMb * 8;
     const double videoBitsPerSecond = (targetBits * kVideoShare - audioBits) / seconds;

@@ -36,6 +36,11 @@ SourceFacts parseProbeAnswer(const std::string& answer);
 // 48000 Hz"
 std::string describeFacts(const SourceFacts& facts);
 
+// The same as JSON fields for a probe's end object: ",\"running_seconds\":65.5,\"width\":1920,
+// \"height\":1080,\"streams\":[{\"type\":\"video\",\"codec\":\"h264\",...},...]"; a fact not known
+// is null or left out.
+std::string factFields(const SourceFacts& facts);
+
 // The video rate that lands a source of `seconds` on `targetMb` (1 MB = 1,048,576 bytes) beside
 // `audioBits` of audio, or why the target cannot be met.
 struct TargetRate {

@@ -247,6 +247,16 @@ TEST(SourceFacts, ProbeAnswerAndTheTargetThatTheAudioAloneExceeds) {
     EXPECT_EQ(describeFacts(facts),
               "running time 0:01:05, picture 1920 x 1080, streams: video h264 yuv420p, audio aac "
               "6 channels 48000 Hz, video mjpeg cover picture");
+    // The same for scripts, as fields of probe's JSON.
+    EXPECT_EQ(factFields(facts),
+              R"(,"running_seconds":65.500,"width":1920,"height":1080,"streams":[)"
+              R"({"type":"video","codec":"h264","width":1920,"height":1080,)"
+              R"("pixel_format":"yuv420p","cover_picture":false},)"
+              R"({"type":"audio","codec":"aac","channels":6,"sample_rate":48000},)"
+              R"({"type":"video","codec":"mjpeg","width":600,"height":600,"pixel_format":"",)"
+              R"("cover_picture":true}])");
+    EXPECT_EQ(factFields(parseProbeAnswer("")),
+              R"(,"running_seconds":null,"width":null,"height":null,"streams":[])");
     EXPECT_FALSE(parseProbeAnswer("duration=N/A\n").seconds);
     // 10 MB over 100 s leaves 0.99 x 838,861 bit/s beside 160 kbit/s of audio for the picture.
     const double audio = audioBitsAt(160, 100);
