@@ -119,6 +119,8 @@ TEST_F(CliBatch, ARefusedCommandLineRunsNoJob) {
     const std::pair<std::vector<std::string>, std::string> refused[] = {
         {{"compress", "--target-mb", "5", "--method", "crf", clip},
          "--target-mb needs --method tfs"},
+        {{"compress", "--bitrate", "1M", "--method", "qp", clip}, "--bitrate needs --method abr"},
+        {{"compress", "--preset", "superduper", clip}, "--preset takes ultrafast,"},
         {{"mp3", "--sample-rate", "12345", clip}, "--sample-rate takes, for MP3 audio"},
         {{"scale", "--overwrite", "--rename", clip}, "--overwrite and --rename cannot"},
         {{"fps", "--fps", "24", "--height", "480", clip}, "--height is for scale, not fps"},
