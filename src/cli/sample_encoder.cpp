@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <thread>
 
 #include "cli/ffmpeg_run.h"
@@ -48,23 +49,27 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
     const double seconds = facts.seconds.value_or(0);
     const std::vector<SampleSpan> spans = sampleSpans(seconds);
     if (spans.empty()) return {};
-    // What starting and stopping cost, which a whole job spends once and each sample again: the
-    // processor time of a sample of a single picture, mostly spent on one processor.
-    const double startCost = encodeSpan({spans.front().start, 0}).processorSeconds;
+    // What starting costs, which a whole job spends once and each sample again: the processor
+    // time of a single picture from the sample's start, mostly on one processor. Its run decodes,
+    // as the sample's does, from the source's key picture before that start, which the whole job
+    // does not; the cheapest one is the whole job's start.
+    std::optional<double> wholeStart;
     std::vector<SampleMeasure> measures;
     for (const SampleSpan& span : spans) {
+        const double startCost = encodeSpan({span.start, 0}).processorSeconds;
         const RunOutcome outcome = encodeSpan(span);
         if (stops.requested()) return {};
         if (!outcome.succeeded()) continue;
         const StreamTally tally = tallyStream(contentsOf(stream));
         if (tally.pictures == 0) continue;
+        wholeStart = std::min(wholeStart.value_or(startCost), startCost);
         // The single picture's run took the starting and the sample's key picture.
         const double work = std::max(0.0, outcome.processorSeconds - startCost);
         const int laterPictures = std::max(1, tally.pictures - 1);
         measures.push_back({span, tally, work / laterPictures / busyProcessors()});
     }
     return profileFromSamples(measures, parsePacketAnswer(packets.output), seconds,
-                              audioBytesPerSecond, startCost);
+                              audioBytesPerSecond, wholeStart.value_or(0));
 }
 
 }  // namespace quillet::cli
