@@ -6,6 +6,7 @@
 
 #include "cli/batch_report.h"
 #include "cli/batch_sources.h"
+#include "cli/encoder_limits.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
 #include "cli/kept_streams.h"
@@ -27,6 +28,15 @@ using Clock = std::chrono::steady_clock;
 // Two passes cost about two encodes, as the target bench measured them: a first pass at the
 // fastest preset, then the second pass, and often a correction of it.
 constexpr double kTwoPassWork = 2.0;
+
+// The pictures the job's encoder holds back before the file has them.
+double heldPicturesOf(const Options& options) {
+    const X265Preset* preset = x265Preset(options.preset);
+    if (!preset) return 0;
+    const bool ownLookahead =
+        options.command == Command::Compress && options.compress.method == Method::Qp;
+    return heldPictures(*preset, ownLookahead ? options.compress.lookAhead : preset->lookahead);
+}
 
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
@@ -156,6 +166,7 @@ private:
         view.source = end.source;
         view.index = index_;
         view.count = count_;
+        view.heldPictures = heldPicturesOf(options_);
         if (twoPass()) {
             view.aimedBytes = *options_.compress.targetMb * kBytesPerMb;
             view.pass = PassView{1, 1};

@@ -12,7 +12,7 @@ constexpr double kShortestSample = 0.5;  // seconds: shorter ones miss by a fift
 constexpr double kLongestSample = 2.0;   // seconds: enough to learn from, on a long source
 constexpr double kSourceWindow = 2.0;    // seconds, at least
 constexpr double kMostParts = 600;
-constexpr double kForecastWeight = 1.0;  // of the whole, what the samples weigh in a projection
+constexpr double kForecastWeight = 0.25;  // of the whole, what the samples weigh in a projection
 constexpr double kTrustedBytes = 1048576;
 
 // What one sample's pictures cost: a plain picture, and a key picture.
@@ -94,6 +94,13 @@ double ComplexityProfile::bytesBetween(double from, double to) const {
 
 double ComplexityProfile::workBetween(double from, double to) const {
     return integral(from, to, [](const Part& part) { return part.workPerSecond; });
+}
+
+double ComplexityProfile::secondsOfPictures(double at, double pictures) const {
+    const auto part = std::find_if(parts_.begin(), parts_.end(),
+                                   [&](const Part& candidate) { return at < candidate.end; });
+    const Part& around = part == parts_.end() ? parts_.back() : *part;
+    return around.picturesPerSecond > 0 ? pictures / around.picturesPerSecond : 0;
 }
 
 ComplexityProfile ComplexityProfile::withVideoBytes(double videoBytes,
@@ -180,7 +187,7 @@ ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
         const double work = sample.work.value_or(workKnown > 0 ? knownWork / workKnown : 0);
         const double pictures = picturesPerSecond(middle);
         parts.push_back({i * length, (i + 1) * length, pictures * video + audioBytesPerSecond,
-                         pictures * work});
+                         pictures * work, pictures});
     }
     // The whole starts with a key picture of its own, and with starting the encoder.
     const PictureCost first = pictureCost(usable.front()->tally);
@@ -190,21 +197,24 @@ ComplexityProfile profileFromSamples(const std::vector<SampleMeasure>& samples,
 }
 
 std::optional<Projection> project(const ComplexityProfile& profile, double encodedSeconds,
-                                  double bytesWritten, double elapsedSeconds) {
+                                  double bytesWritten, double elapsedSeconds, double heldPictures) {
     if (profile.empty()) return std::nullopt;
     const double whole = profile.seconds();
     const double done = std::clamp(encodedSeconds, 0.0, whole);
     Projection projection{profile.bytesBetween(0, whole), profile.workBetween(0, whole)};
     // What the job has written so far says how far off the samples are, and the profile how the
-    // rest compares with what is done. Early on, the written bytes say little: ffmpeg tells them
-    // as the file grows, in steps of a quarter of a megabyte, and the seconds done run ahead of
-    // them by the pictures the encoder holds back (the sound is done first); so they count only
-    // from a megabyte on, and as much as the samples once they are all the samples foretell.
+    // rest compares with what is done. The file holds the pictures only up to those the encoder
+    // still holds back, which in a costly scene are a good share of the bytes done. Early on, the
+    // written bytes say little: ffmpeg tells them as the file grows, in steps of a quarter of a
+    // megabyte; so they count only from a megabyte on, and weigh against a quarter of what the
+    // samples foretell for the whole.
+    const double held = done < whole ? profile.secondsOfPictures(done, heldPictures) : 0;
+    const double written = std::max(0.0, done - held);
     const double weight = kForecastWeight * projection.finalBytes;
-    const double bytesDone = profile.bytesBetween(0, done);
+    const double bytesDone = profile.bytesBetween(0, written);
     if (bytesWritten >= kTrustedBytes && bytesDone + weight > 0) {
         projection.finalBytes = bytesWritten + (bytesWritten + weight) / (bytesDone + weight) *
-                                                   profile.bytesBetween(done, whole);
+                                                   profile.bytesBetween(written, whole);
     }
     const double workDone = profile.workBetween(0, done);
     if (elapsedSeconds > 0 && workDone > 0) {

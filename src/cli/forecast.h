@@ -37,12 +37,15 @@ public:
         double start, end;  // seconds into the source
         double bytesPerSecond;
         double workPerSecond;
+        double picturesPerSecond;  // 0 when unknown
     };
     ComplexityProfile() = default;
     explicit ComplexityProfile(std::vector<Part> parts) : parts_(std::move(parts)) {}
 
     double bytesBetween(double from, double to) const;
     double workBetween(double from, double to) const;
+    // How long the source takes for `pictures` pictures around `at`; 0 when unknown.
+    double secondsOfPictures(double at, double pictures) const;
     double seconds() const { return parts_.empty() ? 0 : parts_.back().end; }
     // The same shape with the picture's bytes scaled to `videoBytes` in all and the sound's
     // (`audioBytesPerSecond`) as they are: for an encoder that holds to an average rate.
@@ -73,8 +76,10 @@ struct Projection {
 };
 
 // From `encodedSeconds` of the source done in `elapsedSeconds`, having written `bytesWritten`:
-// the profile's shape, scaled to what the job has really done so far.
+// the profile's shape, scaled to what the job has really done so far. The file lags the seconds
+// done by the `heldPictures` the encoder holds back before it writes them.
 std::optional<Projection> project(const ComplexityProfile& profile, double encodedSeconds,
-                                  double bytesWritten, double elapsedSeconds);
+                                  double bytesWritten, double elapsedSeconds,
+                                  double heldPictures = 0);
 
 }  // namespace quillet::cli

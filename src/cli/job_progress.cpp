@@ -108,7 +108,8 @@ std::optional<Projection> projectionOf(const JobView& job) {
     std::optional<Projection> projection;
     if (!job.profile.empty()) {
         projection = project(job.profile, progress.encodedSeconds,
-                             static_cast<double>(progress.bytesWritten), job.elapsedSeconds);
+                             static_cast<double>(progress.bytesWritten), job.elapsedSeconds,
+                             job.heldPictures);
     } else if (progress.speed && *progress.speed > 0) {
         projection = Projection{progress.bytesWritten / *share,
                                 (*job.runningSeconds - progress.encodedSeconds) / *progress.speed};

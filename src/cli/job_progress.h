@@ -32,6 +32,7 @@ struct JobView {
     std::optional<double> runningSeconds;  // the source's, when known
     Progress progress;
     ComplexityProfile profile{};  // the source's cost along its length, when it was measured
+    double heldPictures = 0;      // those the encoder holds back before the file has them
     double elapsedSeconds = 0;    // since the encoder started
     // Two passes: the size the second pass aims at, which its rate control reaches to within a
     // few percent whatever the share done, so it stands for the final size.

@@ -20,13 +20,15 @@ std::string contentsOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-// How many processors an encoder keeps busy in a whole job; a sample of a few pictures keeps
-// about one busy, so its processor time is what tells its cost.
-double busyProcessors() {
-    constexpr double kShareKeptBusy = 0.8;  // as the target bench's jobs ran on two processors
+// How many times faster a whole job encodes a picture than a sample's processor time says: a
+// whole job keeps every processor busy at a steady pace, while a sample of a few pictures keeps
+// about one busy and pays for filling the encoder's look-ahead. Measured as 1.2 times the
+// processors on two of them, over the forecast bench's clips on an idle machine.
+double wholeJobSpeedUp() {
+    constexpr double kSteadyPace = 1.2;
     constexpr unsigned kMostUsed = 16;
     const unsigned count = std::clamp(std::thread::hardware_concurrency(), 1u, kMostUsed);
-    return std::max(1.0, count * kShareKeptBusy);
+    return count * kSteadyPace;
 }
 
 }  // namespace
@@ -66,7 +68,7 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
         // The single picture's run took the starting and the sample's key picture.
         const double work = std::max(0.0, outcome.processorSeconds - startCost);
         const int laterPictures = std::max(1, tally.pictures - 1);
-        measures.push_back({span, tally, work / laterPictures / busyProcessors()});
+        measures.push_back({span, tally, work / laterPictures / wholeJobSpeedUp()});
     }
     return profileFromSamples(measures, parsePacketAnswer(packets.output), seconds,
                               audioBytesPerSecond, wholeStart.value_or(0));

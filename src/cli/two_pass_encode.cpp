@@ -25,8 +25,9 @@ public:
         const auto now = std::chrono::steady_clock::now();
         if (progress.encodedSeconds > encoded_ && started_) {
             const double took = std::chrono::duration<double>(now - at_).count();
+            // (its bytes and pictures are not needed: the second pass aims at a size)
             parts_.push_back({encoded_, progress.encodedSeconds, 1.0,
-                              took / (progress.encodedSeconds - encoded_)});
+                              took / (progress.encodedSeconds - encoded_), 0});
         }
         if (!started_ || progress.encodedSeconds > encoded_) {
             started_ = true;

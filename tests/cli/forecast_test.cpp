@@ -129,26 +129,30 @@ TEST(Forecast, TheSourcesPacketsAreReadWithoutItsKeyPictures) {
 TEST(Forecast, TheProjectionFollowsTheContentNotOnlyTheRateSoFar) {
     // Cheap first quarter, costly rest: 1 MB/s and then 3 MB/s; 1 and 3 s/s of work.
     constexpr double kMb = 1048576;
-    const ComplexityProfile profile({{0, 25, 1 * kMb, 1}, {25, 100, 3 * kMb, 3}});
+    const ComplexityProfile profile({{0, 25, 1 * kMb, 1, 10}, {25, 100, 3 * kMb, 3, 10}});
     // Before anything is done, the profile itself.
     const auto start = project(profile, 0, 0, 0);
     ASSERT_TRUE(start);
     EXPECT_DOUBLE_EQ(start->finalBytes, 250 * kMb);
     // A quarter done at twice the bytes and half the time the samples said. The time left scales
-    // so; the bytes written weigh against the samples' whole (250 MB), as they are told late
-    // and in steps.
+    // so; the bytes written weigh against a quarter of the samples' whole (62.5 MB), as they are
+    // told late and in steps.
     const auto quarter = project(profile, 25, 50 * kMb, 12.5);
     ASSERT_TRUE(quarter);
-    EXPECT_DOUBLE_EQ(quarter->finalBytes, (50 + (50.0 + 250) / (25 + 250) * 225) * kMb);
+    EXPECT_DOUBLE_EQ(quarter->finalBytes, (50 + (50.0 + 62.5) / (25 + 62.5) * 225) * kMb);
     EXPECT_DOUBLE_EQ(quarter->secondsLeft, 0.5 * 225);
     // Half done at 2.5 times the bytes: they pull the rest up. The rate so far would have said
     // 500 MB, and a quarter done 200, while the content still to come costs more.
     const auto half = project(profile, 50, 250 * kMb, 25);
     ASSERT_TRUE(half);
-    EXPECT_DOUBLE_EQ(half->finalBytes, (250 + (250.0 + 250) / (100 + 250) * 150) * kMb);
+    EXPECT_DOUBLE_EQ(half->finalBytes, (250 + (250.0 + 62.5) / (100 + 62.5) * 150) * kMb);
+    // With 20 pictures (2 s) still in the encoder, the file holds 48 s, and the rest counts from
+    // there.
+    EXPECT_DOUBLE_EQ(project(profile, 50, 250 * kMb, 25, 20)->finalBytes,
+                     (250 + (250.0 + 62.5) / (94 + 62.5) * 156) * kMb);
     // Less than a megabyte written says nothing yet: ffmpeg tells the size in steps.
     EXPECT_DOUBLE_EQ(project(profile, 10, 0.5 * kMb, 5)->finalBytes, 250 * kMb);
-    const auto done = project(profile, 100, 480 * kMb, 90);  // the end: what was written
+    const auto done = project(profile, 100, 480 * kMb, 90, 20);  // the end: what was written
     ASSERT_TRUE(done);
     EXPECT_DOUBLE_EQ(done->finalBytes, 480 * kMb);
     EXPECT_DOUBLE_EQ(done->secondsLeft, 0);
