@@ -54,9 +54,22 @@ void output(Words& words, const JobFiles& files) {
     add(words, {"-y", files.output});
 }
 
-void targetSizeVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
+// libx265's `parameters` for a rate it is to keep to. It spends a rate per picture at the frame
+// rate it is told, which for a source whose rate changes is not the average one (the pictures'
+// own times are kept): it is told the average, so that the bits per second come out as asked.
+void rateParameters(Words& words, const SourceFacts& facts, std::string parameters) {
+    const StreamFacts* picture = facts.picture();
+    if (picture && !picture->averageFrameRate.empty()) {
+        parameters += (parameters.empty() ? "fps=" : ":fps=") + picture->averageFrameRate;
+    }
+    if (!parameters.empty()) add(words, {"-x265-params", parameters});
+}
+
+void targetSizeVideo(Words& words, const Options& options, const SourceFacts& facts,
+                     long long videoBitsPerSecond, const std::string& parameters = {}) {
     add(words,
         {"-c:v", "libx265", "-preset", options.preset, "-b:v", std::to_string(videoBitsPerSecond)});
+    rateParameters(words, facts, parameters);
 }
 
 std::string passStatistics(int pass) {
@@ -65,7 +78,8 @@ std::string passStatistics(int pass) {
 
 // The first pass only measures the picture, so it runs at the fastest preset with the job's
 // preset's group shape, which costs a third to a half of an encode.
-void firstPassVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
+void firstPassVideo(Words& words, const Options& options, const SourceFacts& facts,
+                    long long videoBitsPerSecond) {
     std::string parameters = passStatistics(1);
     std::string preset = options.preset;
     if (const X265Preset* shape = x265Preset(options.preset)) {
@@ -76,8 +90,8 @@ void firstPassVideo(Words& words, const Options& options, long long videoBitsPer
                       // libx265 wants a look-ahead deeper than the longest run of B-frames
                       ":rc-lookahead=" + std::to_string(shape->bFrames + 2);
     }
-    add(words, {"-c:v", "libx265", "-preset", preset, "-b:v", std::to_string(videoBitsPerSecond),
-                "-x265-params", parameters});
+    add(words, {"-c:v", "libx265", "-preset", preset, "-b:v", std::to_string(videoBitsPerSecond)});
+    rateParameters(words, facts, parameters);
 }
 
 // The picture at the rate factor asked for: the CRF method's and the MP3 tool's.
@@ -86,11 +100,12 @@ void crfVideo(Words& words, const Options& options) {
                 options.preset});
 }
 
-void compressVideo(Words& words, const Options& options, long long videoBitsPerSecond) {
+void compressVideo(Words& words, const Options& options, const SourceFacts& facts,
+                   long long videoBitsPerSecond) {
     const CompressSettings& compress = options.compress;
     switch (compress.method) {
         case Method::TargetSize:
-            targetSizeVideo(words, options, videoBitsPerSecond);
+            targetSizeVideo(words, options, facts, videoBitsPerSecond);
             break;
         case Method::Crf:
             crfVideo(words, options);
@@ -99,6 +114,7 @@ void compressVideo(Words& words, const Options& options, long long videoBitsPerS
             add(words,
                 {"-c:v", "libx265", "-preset", options.preset, "-b:v", compress.bitRate, "-minrate",
                  compress.minRate, "-maxrate", compress.maxRate, "-bufsize", compress.bufferSize});
+            rateParameters(words, facts, {});
             break;
         case Method::Qp:
             add(words, {"-c:v", "libx265", "-x265-params",
@@ -118,7 +134,7 @@ Words jobArguments(const Options& options, const JobFiles& files, const SourceFa
     switch (options.command) {
         case Command::Compress:
         case Command::Estimate:
-            compressVideo(words, options, videoBitsPerSecond);
+            compressVideo(words, options, facts, videoBitsPerSecond);
             add(words, pictureArguments(options, facts));
             add(words, keptStreamArguments(options, facts, ending, SoundCodec::Aac));
             break;
@@ -156,7 +172,7 @@ Words firstPassArguments(const Options& options, const JobFiles& files, const So
                          long long videoBitsPerSecond) {
     Words words = runHead(files);
     add(words, {"-map", "0:V:0"});
-    firstPassVideo(words, options, videoBitsPerSecond);
+    firstPassVideo(words, options, facts, videoBitsPerSecond);
     add(words, pictureArguments(options, facts));
     add(words, {"-f", "null", "-"});
     if (facts.hasAudio()) {
@@ -171,8 +187,7 @@ Words secondPassArguments(const Options& options, const JobFiles& files, const S
     Words words = runHead(files);
     const bool soundMeasured = facts.hasAudio();
     if (soundMeasured) add(words, {"-i", kPassAudio});
-    targetSizeVideo(words, options, videoBitsPerSecond);
-    add(words, {"-x265-params", passStatistics(2)});
+    targetSizeVideo(words, options, facts, videoBitsPerSecond, passStatistics(2));
     add(words, pictureArguments(options, facts));
     add(words, keptStreamArguments(options, facts, endingOf(files.output),
                                    soundMeasured ? SoundCodec::Copy : SoundCodec::Aac,
@@ -190,7 +205,7 @@ Words sampleArguments(const Options& options, const JobFiles& files, const Sourc
     if (length > 0) add(words, {"-t", fixedSeconds(length)});
     add(words, {"-i", files.source, "-map", "0:V:0"});
     if (length <= 0) add(words, {"-frames:v", "1"});
-    compressVideo(words, options, videoBitsPerSecond);
+    compressVideo(words, options, facts, videoBitsPerSecond);
     add(words, pictureArguments(options, facts));
     add(words, {"-an", "-f", "hevc", "-y", files.output});
     return words;
@@ -214,8 +229,8 @@ Words probeArguments(const std::string& ffprobe, const std::string& source) {
             "-v",
             "error",
             "-show_entries",
-            "format=duration:stream=index,codec_type,codec_name,width,height,pix_fmt,channels,"
-            "sample_rate:stream_disposition=attached_pic",
+            "format=duration:stream=index,codec_type,codec_name,width,height,pix_fmt,"
+            "avg_frame_rate,channels,sample_rate:stream_disposition=attached_pic",
             "-of",
             "default=noprint_wrappers=1",
             source};

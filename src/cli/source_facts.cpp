@@ -20,6 +20,15 @@ constexpr double kLowestVideoBitsPerSecond = 16000;
 // clip asks for more than any encoder can use (or a 64-bit count can hold).
 constexpr double kHighestVideoBitsPerSecond = 2000e6;
 
+// A frame rate as ffprobe gives it, "N/D"; empty unless both are whole numbers above 0.
+std::string frameRate(const std::string& fraction) {
+    const std::size_t slash = fraction.find('/');
+    if (slash == std::string::npos) return {};
+    const auto numerator = exactNumber<long long>(fraction.substr(0, slash));
+    const auto denominator = exactNumber<long long>(fraction.substr(slash + 1));
+    return numerator && denominator && *numerator > 0 && *denominator > 0 ? fraction : "";
+}
+
 }  // namespace
 
 const StreamFacts* SourceFacts::picture() const {
@@ -64,6 +73,8 @@ SourceFacts parseProbeAnswer(const std::string& answer) {
             stream.height = whole(value);
         } else if (key == "pix_fmt") {
             stream.pixelFormat = value;
+        } else if (key == "avg_frame_rate") {
+            stream.averageFrameRate = frameRate(value);
         } else if (key == "channels") {
             stream.channels = whole(value);
         } else if (key == "sample_rate") {

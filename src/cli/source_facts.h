@@ -13,6 +13,7 @@ struct StreamFacts {
     int width = 0;      // a picture's
     int height = 0;
     std::string pixelFormat;       // a picture's: "yuv420p", "yuv444p10le", ...
+    std::string averageFrameRate;  // a picture's, as a fraction ("45/2"); empty when unknown
     int channels = 0;              // a sound's
     int sampleRate = 0;            // a sound's, in Hz
     bool attachedPicture = false;  // a cover picture, which ffprobe lists as a video stream

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -138,6 +139,29 @@ TEST(JobArguments, EachCommandMirrorsItsWindowAndEndsWithTheOutput) {
                            files, facts),
               withHead({{"-map", "0", "-c", "copy", "-metadata", "title=A \"b\" c", "-metadata",
                          "year=2026", "-y", files.output}}));
+}
+
+// A rate is spent per picture at the frame rate libx265 is told: the source's average one.
+TEST(JobArguments, ARateIsKeptAtTheSourcesAverageFrameRate) {
+    const JobFiles files{"/t/ffmpeg", "/v/a.mp4", "/v/Compressed-a.mp4"};
+    const SourceFacts changing =
+        parseProbeAnswer("index=0\ncodec_type=video\navg_frame_rate=45/2\nduration=40\n");
+    const auto has = [](const Words& words, const std::string& word) {
+        return std::find(words.begin(), words.end(), word) != words.end();
+    };
+    EXPECT_TRUE(has(jobArguments(parsed({"compress", "--method", "abr", "x"}), files, changing),
+                    "fps=45/2"));
+    const Options tfs = parsed({"compress", "--target-mb", "5", "--two-pass", "x"});
+    EXPECT_TRUE(has(jobArguments(tfs, files, changing, 900000), "fps=45/2"));
+    EXPECT_TRUE(
+        has(secondPassArguments(tfs, files, changing, 900000), "pass=2:stats=passlog:fps=45/2"));
+    // A rate factor has no rate to keep; an unknown frame rate is not told.
+    EXPECT_FALSE(has(jobArguments(parsed({"compress", "x"}), files, changing), "-x265-params"));
+    EXPECT_FALSE(has(jobArguments(tfs, files,
+                                  parseProbeAnswer("index=0\ncodec_type=video\n"
+                                                   "avg_frame_rate=0/0\n"),
+                                  900000),
+                     "-x265-params"));
 }
 
 TEST(OutputPlan, ExistingOutputsAreSkippedReplacedOrRenamedAndTheSourceIsNeverWritten) {
