@@ -6,7 +6,6 @@
 
 #include "cli/batch_report.h"
 #include "cli/batch_sources.h"
-#include "cli/encoder_limits.h"
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
 #include "cli/kept_streams.h"
@@ -28,15 +27,6 @@ using Clock = std::chrono::steady_clock;
 // Two passes cost about two encodes, as the target bench measured them: a first pass at the
 // fastest preset, then the second pass, and often a correction of it.
 constexpr double kTwoPassWork = 2.0;
-
-// The pictures the job's encoder holds back before the file has them.
-double heldPicturesOf(const Options& options) {
-    const X265Preset* preset = x265Preset(options.preset);
-    if (!preset) return 0;
-    const bool ownLookahead =
-        options.command == Command::Compress && options.compress.method == Method::Qp;
-    return heldPictures(*preset, ownLookahead ? options.compress.lookAhead : preset->lookahead);
-}
 
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
@@ -110,25 +100,10 @@ private:
                           audioBitsAt(soundKbps(options_, facts), *facts.seconds));
     }
 
-    // The source's cost along its length, from samples encoded as the job will encode it.
     ComplexityProfile sampledProfile(const JobEnd& end, const SourceFacts& facts,
                                      long long videoRate) {
-        if (!facts.seconds) return {};
-        const ComplexityProfile profile =
-            measureComplexity(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe), end.source,
-                              facts, videoRate, audioBytesPerSecond(facts), stops_);
-        // An average bit rate is what the encoder holds to, more closely than a short sample,
-        // whose rate control has not settled, shows; the samples still tell where it spends it.
-        const auto averageRate = options_.compress.method == Method::Abr
-                                     ? bitsPerSecond(options_.compress.bitRate)
-                                     : std::nullopt;
-        if (!averageRate || profile.empty()) return profile;
-        return profile.withVideoBytes(*averageRate / 8 * *facts.seconds,
-                                      audioBytesPerSecond(facts));
-    }
-
-    double audioBytesPerSecond(const SourceFacts& facts) const {
-        return soundKbps(options_, facts) * 1000.0 / 8;
+        return jobProfile(options_, utf8Of(tools_.ffmpeg), utf8Of(tools_.ffprobe), end.source,
+                          facts, videoRate, stops_);
     }
 
     // What a job would come to, from its samples; nothing is written.
@@ -166,7 +141,7 @@ private:
         view.source = end.source;
         view.index = index_;
         view.count = count_;
-        view.heldPictures = heldPicturesOf(options_);
+        view.heldPictures = heldPictures(options_);
         if (twoPass()) {
             view.aimedBytes = *options_.compress.targetMb * kBytesPerMb;
             view.pass = PassView{1, 1};
@@ -201,6 +176,11 @@ private:
             outcome = twoPassEncode(job, videoRate, note);
         } else {
             view.profile = sampledProfile(end, facts, videoRate);
+            // An average rate is held over the whole, spent unevenly along the way: the size
+            // written so far says less of the end than the rate does.
+            if (options_.compress.method == Method::Abr && !view.profile.empty()) {
+                view.aimedBytes = view.profile.bytesBetween(0, view.profile.seconds());
+            }
             started = Clock::now();
             if (!stops_.requested()) {
                 outcome = runEncoder(jobArguments(options_, files, facts, videoRate), {}, show({}));

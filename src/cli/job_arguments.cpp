@@ -196,6 +196,13 @@ Words secondPassArguments(const Options& options, const JobFiles& files, const S
     return words;
 }
 
+double heldPictures(const Options& options) {
+    const X265Preset* preset = x265Preset(options.preset);
+    if (!preset) return 0;
+    const bool ownLookahead = options.compress.method == Method::Qp;
+    return heldPictures(*preset, ownLookahead ? options.compress.lookAhead : preset->lookahead);
+}
+
 Words sampleArguments(const Options& options, const JobFiles& files, const SourceFacts& facts,
                       double start, double length, long long videoBitsPerSecond) {
     // Seeking before the input decodes only from the key picture before the sample.

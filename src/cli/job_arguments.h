@@ -39,6 +39,10 @@ std::vector<std::string> secondPassArguments(const Options& options, const JobFi
                                              const SourceFacts& facts,
                                              long long videoBitsPerSecond);
 
+// The pictures the job's encoder holds back before it hands one on to the file: its look-ahead,
+// a run of B-frames and a few in its threads.
+double heldPictures(const Options& options);
+
 // One sample of a forecast: `length` seconds of the picture from `start` (a single picture when
 // 0), encoded as the job would, into a bare stream (no container, no sound) that is measured and
 // thrown away.

@@ -8,6 +8,7 @@
 
 #include "cli/ffmpeg_run.h"
 #include "cli/job_arguments.h"
+#include "cli/kept_streams.h"
 #include "cli/scratch_folder.h"
 #include "tools/utf8_paths.h"
 
@@ -72,6 +73,25 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
     }
     return profileFromSamples(measures, parsePacketAnswer(packets.output), seconds,
                               audioBytesPerSecond, wholeStart.value_or(0));
+}
+
+ComplexityProfile jobProfile(const Options& options, const std::string& ffmpeg,
+                             const std::string& ffprobe, const std::string& source,
+                             const SourceFacts& facts, long long videoBitsPerSecond,
+                             StopRequests& stops) {
+    const bool compresses =
+        options.command == Command::Compress || options.command == Command::Estimate;
+    if (!facts.seconds || !compresses) return {};
+    const double soundBytesPerSecond = soundKbps(options, facts) * 1000.0 / 8;
+    const ComplexityProfile profile = measureComplexity(
+        options, ffmpeg, ffprobe, source, facts, videoBitsPerSecond, soundBytesPerSecond, stops);
+    // An average bit rate is what the encoder holds to, more closely than a short sample, whose
+    // rate control has not settled, shows; the samples still tell where it spends it.
+    const auto averageRate = options.compress.method == Method::Abr
+                                 ? bitsPerSecond(options.compress.bitRate)
+                                 : std::nullopt;
+    if (!averageRate || profile.empty()) return profile;
+    return profile.withVideoBytes(*averageRate / 8 * *facts.seconds, soundBytesPerSecond);
 }
 
 }  // namespace quillet::cli

@@ -19,4 +19,12 @@ ComplexityProfile measureComplexity(const Options& options, const std::string& f
                                     const SourceFacts& facts, long long videoBitsPerSecond,
                                     double audioBytesPerSecond, StopRequests& stops);
 
+// The source's cost along its running time for a compress or estimate job, from samples encoded
+// as the job will encode them; an average rate is held to. Empty for the tools' jobs (scale, fps,
+// mp3), which encode otherwise than the samples would, and without a running time.
+ComplexityProfile jobProfile(const Options& options, const std::string& ffmpeg,
+                             const std::string& ffprobe, const std::string& source,
+                             const SourceFacts& facts, long long videoBitsPerSecond,
+                             StopRequests& stops);
+
 }  // namespace quillet::cli
