@@ -76,16 +76,26 @@ bool oddSized(const Options& options, const StreamFacts& picture) {
     return options.command != Command::Scale && (picture.width % 2 != 0 || picture.height % 2 != 0);
 }
 
-Words aacArguments(const Options& options, const SourceFacts& facts) {
-    Words words = {"-c:a", "aac"};
-    const auto tracks = facts.audioTracks();
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const std::string track = std::to_string(i);
-        words.insert(words.end(),
-                     {"-b:a:" + track, std::to_string(trackKbps(options, *tracks[i])) + "k"});
+// How the sound tracks are encoded, and at the sample rate asked for when one is.
+Words soundCodecArguments(const Options& options, const SourceFacts& facts, SoundCodec sound) {
+    if (sound == SoundCodec::Copy) return {"-c:a", "copy"};
+    Words words = {"-c:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality)};
+    if (sound == SoundCodec::Aac) {
+        words = {"-c:a", "aac"};
+        const auto tracks = facts.audioTracks();
+        for (std::size_t i = 0; i < tracks.size(); ++i) {
+            words.insert(words.end(), {"-b:a:" + std::to_string(i),
+                                       std::to_string(trackKbps(options, *tracks[i])) + "k"});
+        }
     }
     if (options.sampleRate) words.insert(words.end(), {"-ar", std::to_string(*options.sampleRate)});
     return words;
+}
+
+// Whether the job's sound is MP3, which holds two channels at most.
+bool mp3Sound(const Options& options) {
+    return options.command == Command::Mp3 ||
+           (options.command == Command::Scale && options.scaleMp3);
 }
 
 }  // namespace
@@ -93,8 +103,7 @@ Words aacArguments(const Options& options, const SourceFacts& facts) {
 int trackKbps(const Options& options, const StreamFacts& track) {
     if (options.audioKbps) return *options.audioKbps;
     constexpr int kStereoChannels = 2;
-    return kStereoKbps * std::max(1, track.channels > 0 ? track.channels : kStereoChannels) /
-           kStereoChannels;
+    return kStereoKbps * (track.channels > 0 ? track.channels : kStereoChannels) / kStereoChannels;
 }
 
 int soundKbps(const Options& options, const SourceFacts& facts) {
@@ -129,15 +138,8 @@ Words keptStreamArguments(const Options& options, const SourceFacts& facts,
         codecs.insert(codecs.end(), {"-c:t", "copy"});
     }
     if (!tracks.empty()) {
-        const Words soundCodecs =
-            sound == SoundCodec::Aac ? aacArguments(options, facts)
-            : sound == SoundCodec::Mp3
-                ? Words{"-c:a", "libmp3lame", "-qscale:a", std::to_string(options.mp3Quality)}
-                : Words{"-c:a", "copy"};
+        const Words soundCodecs = soundCodecArguments(options, facts, sound);
         words.insert(words.end(), soundCodecs.begin(), soundCodecs.end());
-        if (sound == SoundCodec::Mp3 && options.sampleRate) {
-            words.insert(words.end(), {"-ar", std::to_string(*options.sampleRate)});
-        }
     }
     words.insert(words.end(), codecs.begin(), codecs.end());
     return words;
@@ -145,7 +147,7 @@ Words keptStreamArguments(const Options& options, const SourceFacts& facts,
 
 Words soundArguments(const Options& options, const SourceFacts& facts) {
     Words words = {"-map", "0:a"};
-    const Words codecs = aacArguments(options, facts);
+    const Words codecs = soundCodecArguments(options, facts, SoundCodec::Aac);
     words.insert(words.end(), codecs.begin(), codecs.end());
     return words;
 }
@@ -189,6 +191,8 @@ std::vector<std::string> keepingNotes(const Options& options, const SourceFacts&
             notes.push_back(name + " left out: " + ending + " cannot hold it");
         } else if (stream.type == "attachment" && container != Container::Matroska) {
             notes.push_back("attachment left out: " + ending + " cannot hold it");
+        } else if (stream.type == "audio" && stream.channels > 2 && mp3Sound(options)) {
+            notes.push_back(name + " made stereo: MP3 holds two channels");
         } else if (stream.type == "data" && stream.codec != "bin_data") {
             // (bin_data is how an .mp4 keeps its chapter names, which the output has anew)
             notes.push_back(name + " left out");

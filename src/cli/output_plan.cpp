@@ -79,14 +79,14 @@ std::vector<std::pair<fs::path, fs::path>> ownOutputs(const std::vector<fs::path
                                                       const std::string& outputFolder) {
     std::vector<std::pair<fs::path, fs::path>> found;
     const std::string prefix = utf8Of(kOutputPrefix);
+    const fs::path sharedFolder =
+        outputFolder.empty() ? fs::path() : outputFolderOf({}, outputFolder);
     for (const fs::path& candidate : sources) {
         const std::string name = utf8Of(candidate.filename());
         if (!name.starts_with(prefix)) continue;
         for (const fs::path& source : sources) {
-            if (source == candidate ||
-                outputFolderOf(source, outputFolder) != candidate.parent_path()) {
-                continue;
-            }
+            const fs::path& folder = outputFolder.empty() ? source.parent_path() : sharedFolder;
+            if (source == candidate || folder != candidate.parent_path()) continue;
             if (name == prefix + utf8Of(source.filename()) ||
                 numberedOutput(name, utf8Of(source.stem()), utf8Of(source.extension()))) {
                 found.emplace_back(candidate, source);

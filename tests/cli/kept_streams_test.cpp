@@ -72,6 +72,11 @@ TEST(KeptStreams, EachContainerKeepsTheSoundAndTheSubtitlesItCanHold) {
                "attachment left out: .mp4 cannot hold it", "data tmcd left out"}));
     EXPECT_EQ(keepingNotes(compress(), source, ".mkv"),
               (Words{"cover picture left out", "data tmcd left out"}));
+    // MP3 holds two channels: a 5.1 track is made stereo, and said so.
+    const Options mp3 = parseArguments({"mp3", "x.mp4"}).options.value();
+    EXPECT_EQ(keepingNotes(mp3, source, ".mkv"),
+              (Words{"cover picture left out", "audio ac3 made stereo: MP3 holds two channels",
+                     "data tmcd left out"}));
 }
 
 TEST(KeptStreams, APictureIsMadeOnePlayersShowAndKeepsItsTiming) {
